@@ -1,0 +1,17 @@
+# Settings of every target of this tree, collected in one interface target.
+add_library(tessara_settings INTERFACE)
+target_compile_options(tessara_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wdouble-promotion -Wundef
+  -Werror
+  # Results are those of the written formulas, bit for bit: no fused multiply-add.
+  -ffp-contract=off)
+if(TESSARA_SANITIZE)
+  target_compile_options(tessara_settings INTERFACE -fsanitize=${TESSARA_SANITIZE} -fno-omit-frame-pointer
+    -fno-sanitize-recover=all)
+  target_link_options(tessara_settings INTERFACE -fsanitize=${TESSARA_SANITIZE})
+endif()
+
+find_program(TESSARA_CCACHE ccache)
+if(TESSARA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${TESSARA_CCACHE})
+endif()
