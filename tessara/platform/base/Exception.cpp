@@ -47,6 +47,7 @@ int FileCauseFromErrno(int nErrno) {
     case EACCES:
     case EPERM:
     case EROFS:
+    case EISDIR:
         return CFileException::accessDenied;
     case ENOSPC:
     case EDQUOT:

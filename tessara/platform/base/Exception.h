@@ -85,16 +85,7 @@ public:
 /// An archive ended early or holds what its reader cannot accept.
 class TESSARA_API CArchiveException : public CException {
 public:
-    enum Cause {
-        none,
-        genericException,
-        readOnly,
-        endOfFile,
-        writeOnly,
-        badIndex,
-        badClass,
-        badSchema
-    };
+    enum Cause { none, genericException, readOnly, endOfFile, writeOnly, badIndex, badClass, badSchema };
 
     explicit CArchiveException(int nCause = none);
     ~CArchiveException() override;
@@ -106,5 +97,6 @@ public:
 [[noreturn]] TESSARA_API void AfxThrowResourceException();
 [[noreturn]] TESSARA_API void AfxThrowNotSupportedException();
 [[noreturn]] TESSARA_API void AfxThrowInvalidArgException();
-[[noreturn]] TESSARA_API void AfxThrowFileException(int nCause, LONG lOsError = -1, const char* pszFileName = nullptr);
+[[noreturn]] TESSARA_API void AfxThrowFileException(int nCause, LONG lOsError = -1,
+                                                    const char* pszFileName = nullptr);
 [[noreturn]] TESSARA_API void AfxThrowArchiveException(int nCause);

@@ -12,10 +12,10 @@ class CObject;
 /// Records are static and live as long as the program; compare them by address.
 struct TESSARA_API CRuntimeClass {
     const char* m_lpszClassName;
-    int m_nObjectSize;                ///< bytes
-    UINT m_wSchema;                   ///< version of the archive format; 0xFFFF: not written to archives
-    CObject* (*m_pfnCreateObject)();  ///< null when objects cannot be made by class name
-    CRuntimeClass* m_pBaseClass;      ///< null for CObject itself
+    int m_nObjectSize;               ///< bytes
+    UINT m_wSchema;                  ///< version of the archive format; 0xFFFF: not written to archives
+    CObject* (*m_pfnCreateObject)(); ///< null when objects cannot be made by class name
+    CRuntimeClass* m_pBaseClass;     ///< null for CObject itself
 
     /// A new object, owned by the caller, or null when the class has no creation function.
     CObject* CreateObject() const;
@@ -69,7 +69,8 @@ public:                                                                         
         return RUNTIME_CLASS(class_name);                                                                    \
     }
 
-#define IMPLEMENT_DYNAMIC(class_name, base_name) TESSARA_IMPLEMENT_CLASS(class_name, base_name, 0xFFFF, nullptr)
+#define IMPLEMENT_DYNAMIC(class_name, base_name)                                                             \
+    TESSARA_IMPLEMENT_CLASS(class_name, base_name, 0xFFFF, nullptr)
 
 #define IMPLEMENT_DYNCREATE(class_name, base_name)                                                           \
     CObject* class_name::CreateObject() {                                                                    \

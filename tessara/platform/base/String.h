@@ -3,14 +3,15 @@
 #include <compare>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "tessara/platform/base/Api.h"
 #include "tessara/platform/base/Types.h"
 
 /// A string of bytes. How bytes become characters on screen is said in Text.h.
 ///
-/// Positions and lengths count bytes. A position outside the string throws CInvalidArgException where a single
-/// character is asked for; Left, Mid and Right clip to the string.
+/// Positions and lengths count bytes. A position outside the string throws CInvalidArgException where a
+/// single character is asked for; Left, Mid and Right clip to the string.
 class TESSARA_API CString {
 public:
     CString() = default;
@@ -53,13 +54,15 @@ public:
     void TrimLeft();
     void TrimRight();
 
-    /// printf into this string; numbers always use '.'. The format is a literal of the caller: formats that come
-    /// from applications go through FormatValue (Number.h).
+    /// printf into this string; numbers always use '.'. The format is a literal of the caller: formats that
+    /// come from applications go through FormatValue (Number.h).
     void Format(const char* pszFormat, ...) __attribute__((format(printf, 2, 3)));
 
     friend bool operator==(const CString& a, const CString& b) { return a.m_str == b.m_str; }
     friend bool operator==(const CString& a, const char* b) { return a.m_str == (b ? b : ""); }
-    friend std::strong_ordering operator<=>(const CString& a, const CString& b) { return a.m_str <=> b.m_str; }
+    friend std::strong_ordering operator<=>(const CString& a, const CString& b) {
+        return a.m_str <=> b.m_str;
+    }
     friend std::strong_ordering operator<=>(const CString& a, const char* b) {
         return a.m_str <=> std::string_view(b ? b : "");
     }

@@ -5,15 +5,15 @@
 
 #include "tessara/platform/base/Api.h"
 
-// How strings of bytes become characters. Valid UTF-8 is read as UTF-8, anything else as Windows-1252, so both
-// modern text and the byte 0xD7 (a multiplication sign) are shown as meant.
+// How strings of bytes become characters. Valid UTF-8 is read as UTF-8, anything else as Windows-1252, so
+// both modern text and the byte 0xD7 (a multiplication sign) are shown as meant.
 
 namespace tessara {
 
 TESSARA_API bool IsValidUtf8(std::string_view strBytes);
 
-/// The characters of a byte string, by the rule above. Total: the five bytes that Windows-1252 leaves undefined
-/// become U+FFFD.
+/// The characters of a byte string, by the rule above. Total: the five bytes that Windows-1252 leaves
+/// undefined become U+FFFD.
 TESSARA_API std::u32string DecodeText(std::string_view strBytes);
 
 /// Characters as UTF-8; surrogates and values past U+10FFFF become U+FFFD.

@@ -1,0 +1,195 @@
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "tessara/numeric/Curve.h"
+#include "tessara/numeric/MultiCurve.h"
+#include "tessara/numeric/MultipartCurve.h"
+#include "tessara/platform/base/DWordArray.h"
+#include "tessara/platform/base/ObArray.h"
+#include "tessara/platform/base/String.h"
+#include "tessara/platform/base/StringArray.h"
+#include "tessara/platform/gdi/MetaFileDC.h"
+#include "tessara/plot/ChooseScale.h"
+
+class CGetValueDialog;
+class CWnd;
+
+namespace tessara {
+
+class CCanvas;
+class CPlotMap;
+struct CPlotArea;
+
+} // namespace tessara
+
+/// State bits of a curve plot.
+enum OutputCurveFlag : DWORD {
+    OCF_MARKSHOWN = 0x1,            ///< the mark is drawn on the window
+    OCF_OVERCURVE = 0x2,            ///< the pointer is over a coloured pixel of the plot
+    OCF_GETVALUE = 0x4,             ///< the Get Value window is shown
+    OCF_CUSTOMARGUMENT = 0x1000000, ///< the horizontal scale is custom
+    OCF_CUSTOMFUNCTION = 0x2000000, ///< the vertical scale is custom
+    OCF_FITARGUMENT = 0x4000000,    ///< the horizontal axis is fitted exactly to the data
+    OCF_FITFUNCTION = 0x8000000     ///< the vertical axis is fitted exactly to the data
+};
+
+/// The plot of one or several functions f(x) over common abscissae, or of one multipart curve, with a second
+/// set of points as markers where wanted: frame, grid, axis titles, caption, legend and curves, on any
+/// surface and as a metafile.
+///
+/// The plot holds pointers to the caller's curves and arrays and copies nothing: they must outlive its use of
+/// them. Abscissae are ascending. Values that are infinite or not a number count for no axis and are gaps in
+/// a curve. At most MAX_FUNCTIONS functions are shown; further columns of a multi-curve are left out.
+/// Symbols, names and the caption are indexed text (IndexedText.h) but for the caption and the argument's
+/// name, which are plain. Main thread.
+///
+///     COutputCurve plot;
+///     plot.SetNames("Vapour pressure", "p / kPa~N", "Temperature", "T / K~N");
+///     plot.SetOutputData(pTemperatures, pPressures, nPoints);
+///     CImageDC dc(800, 575);
+///     plot.Paint(&dc, dc.GetClientRect(), nullptr);
+class TESSARA_API COutputCurve : public CObject {
+    DECLARE_DYNAMIC(COutputCurve)
+
+public:
+    static constexpr int MAX_FUNCTIONS = 6;
+
+    COutputCurve();
+    ~COutputCurve() override;
+
+    // Data
+
+    /// Shows one curve, or the columns of one multi-curve; the scales are automatic again, without symbols.
+    void SetOutputData(CCurve* pCurve);
+    void SetOutputData(CMultiCurve* pCurve);
+    /// Shows one function over arrays of nPoints values. The diagonal and fitted axes are kept.
+    void SetOutputData(double* pX, double* pY, int nPoints);
+    /// The same as SetOutputData; diagonal and fitted axes are switched off as well.
+    COutputCurve& operator=(CCurve* pCurve);
+    COutputCurve& operator=(CMultiCurve* pCurve);
+    /// Shows a multipart curve, each part in the colour of its index.
+    COutputCurve& operator=(CMultipartCurve* pCurve);
+    /// Points to be drawn as markers: the first column as squares, the second as circles. Null for none.
+    void SetSymbolsCurve(CMultiCurve* pCurve);
+
+    /// The application's list of curves; what is painted is the output data.
+    void Add(CCurve* pCurve);
+    void Add(CMultiCurve* pCurve);
+    void Add(CMultipartCurve* pCurve);
+    void Add(double* pX, double* pY, int nPoints);
+    void Add(double* pX, double* pY, int nPoints, int nParts, CCurvePartInfo* pParts);
+    /// Empties the list and deletes the curves that Add made from arrays.
+    void ClearOutputList();
+
+    void DisplayDiagonal(int bShow);
+    void Reset();
+
+    // Names and formats
+
+    void SetNames(const char* name, const char* symbol, const char* argumentName, const char* argumentSymbol);
+    void SetCurveName(const char* name);
+    void SetCurveSymbol(const char* symbol);
+    void SetCurveArgument(const char* symbol);
+    void SetArgumentName(const char* name);
+    void SetSlideName(const char* name);
+    /// printf formats of one double; null restores "%.2lf".
+    void SetArgumentFormat(const char* fmt);
+    void SetFunctionFormat(const char* fmt);
+    const CString& GetArgumentFormat() const;
+    const CString& GetFunctionFormat() const;
+    /// Takes names and formats from a string resource of four to six lines: curve name, curve symbol,
+    /// argument name, argument symbol, function format, argument format. Throws CResourceException when there
+    /// is no such string.
+    void LoadResourceString(UINT nID);
+
+    // Scales; nAxis is 1 for the argument, 2 for the function.
+
+    /// Sets an axis by hand. Returns 0 and changes nothing unless nAxis names one axis, dFrom < dTo, dStep >
+    /// 0 and nExponent lies from -8 to 8.
+    int UseCustomScale(int nAxis, double dFrom, double dTo, double dStep, int nExponent);
+    /// Chooses the axes named in nAxis (1, 2 or both, 3) from the data again.
+    void UseAutomaticScale(int nAxis);
+    /// Makes the axes named in nAxis span exactly the data.
+    void FitScale(int nAxis);
+
+    // Values
+
+    /// 1 when x lies on the argument axis.
+    int IsValidValue(double x);
+    /// Function nFunction at x: linear between the points, constant beyond the ends. Of a multipart curve,
+    /// its value there. 0 when nothing is shown.
+    double Value(int nFunction, double x);
+
+    // Painting
+
+    /// Paints the plot into a client rectangle (left and top 0) of the surface and, when it is given, into
+    /// the picture. The surface's state is left as it was. Returns 1, or 0 when there was no memory for the
+    /// points.
+    int Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC);
+    /// Called by Paint after the curves, with a null rectangle, so that a derived class can add to both
+    /// surfaces.
+    virtual void PaintEmptyRect(CDC* pDC, RECT* pRect, CMetaFileDC* pMetaDC);
+    /// Paints on the surface and writes the plot as a placeable metafile. Returns 1 when the file was
+    /// written, 0 when it could not be opened; throws CFileException when writing fails.
+    int Export(CDC* pDC, RECT rc, const char* fileName);
+    /// Does nothing and returns 1.
+    int Export(const char* fileName);
+
+    CObArray m_OutputList;
+    int m_nParts = 1;
+    int m_nFunctions = 0;
+    int m_nPoints = 0;
+    int m_bDiagonal = 0;
+    DWORD m_nFlags = 0;
+    CMultiCurve* m_pSymbolsCurve = nullptr;
+    CMultipartCurve* m_pMultipartCurve = nullptr;
+    double* m_pX = nullptr;
+    double* m_pY[MAX_FUNCTIONS] = {};
+    CHOOSESCALE m_FunctionScale;
+    CHOOSESCALE m_ArgumentScale;
+    double m_dMarkArgument = 0;
+    CGetValueDialog* m_pGetValueDialog = nullptr;
+    CWnd* m_pParentWnd = nullptr;
+    CRect m_rcClient;     ///< of the last Paint
+    CRect m_rcPlotDevice; ///< plot area of the last Paint on a screen, in device pixels
+    CString m_strCurveName = "Function";
+    CString m_strCurveSymbol = "f(x)~N";
+    CString m_strArgumentName = "Argument";
+    CString m_strCurveArgument = "x~N";
+    CString m_strSlideName;
+    CStringArray m_ValueLines;
+    CString m_strArgumentFormat = "%.2lf";
+    CString m_strFunctionFormat = "%.2lf";
+    CDWordArray m_Colors;
+    CObArray m_OwnedCurves;
+    int m_bShowCaption = 1;
+    int m_bShowLegend = 1;
+    int m_bMonochrome = 0;
+
+protected:
+    /// Chooses the scales that are not custom from the data.
+    void FindBoundingBox();
+    COLORREF CurveColor(int nIndex);
+    /// The first index of that colour, or -1.
+    int CurveFromColor(COLORREF color);
+    void DrawCaption(CDC* pDC, int x, int y, int bCentered, CMetaFileDC* pMetaDC);
+    /// Does nothing: Paint draws the legend.
+    void DrawLegend(CDC* pDC, int x, int y, CPen* pPen);
+
+private:
+    void ClearForNewData();
+    void ChooseArgumentScale();
+    void ChooseFunctionScale();
+    int CountLegendRows() const;
+
+    void RememberPlotDevice(const CDC& dc, const tessara::CPlotArea& area);
+    void DrawFrames(const tessara::CCanvas& canvas, const tessara::CPlotArea& area);
+    void DrawDiagonal(const tessara::CCanvas& canvas, const tessara::CPlotArea& area);
+    void DrawLegendRows(const tessara::CCanvas& canvas, const tessara::CPlotArea& area, CMetaFileDC* pMetaDC);
+    void DrawGrids(const tessara::CCanvas& canvas, const tessara::CPlotArea& area);
+    void DrawTitles(CDC* pDC, const tessara::CPlotArea& area, CMetaFileDC* pMetaDC);
+    void DrawCurves(CDC* pDC, const tessara::CPlotMap& map, std::vector<POINT>& buffer, CMetaFileDC* pMetaDC);
+    void DrawSymbols(const tessara::CCanvas& canvas, const tessara::CPlotMap& map);
+};

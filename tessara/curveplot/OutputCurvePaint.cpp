@@ -1,0 +1,234 @@
+#include <new>
+#include <string>
+
+#include "tessara/curveplot/OutputCurve.h"
+#include "tessara/platform/base/Number.h"
+#include "tessara/platform/ui/WaitCursor.h"
+#include "tessara/platform/vellum/Stippled.h"
+#include "tessara/plot/AxisGrid.h"
+#include "tessara/plot/Canvas.h"
+#include "tessara/plot/IndexedText.h"
+#include "tessara/plot/Page.h"
+#include "tessara/plot/PlaceableMetafile.h"
+#include "tessara/plot/PlotArea.h"
+#include "tessara/plot/PlotMap.h"
+#include "tessara/plot/PlotText.h"
+
+using tessara::CCanvas;
+using tessara::CPlotArea;
+using tessara::CPlotMap;
+using tessara::CSelection;
+
+namespace {
+
+/// The legend box beside the plot area, and its rows.
+struct CLegend {
+    const CPlotArea& area;
+
+    RECT Box(int nRows) const {
+        return {area.Right() + 200, area.nTop - MARGIN, area.Right() + 1400,
+                area.nTop + MARGIN + nRows * ROW};
+    }
+    POINT Number(int nRow) const { return {area.Right() + 280, area.nTop + MARGIN + nRow * ROW}; }
+    RECT Sample(int nRow, int nNumberWidth) const {
+        const int nTop = area.nTop + 80 + nRow * ROW;
+        return {area.Right() + 440 + nNumberWidth, nTop, area.Right() + 1200, nTop + 16};
+    }
+
+    static constexpr int MARGIN = 24;
+    static constexpr int ROW = 200;
+};
+
+constexpr int SYMBOL_REACH = 32;
+
+RECT AroundPoint(POINT point) {
+    return {point.x - SYMBOL_REACH, point.y - SYMBOL_REACH, point.x + SYMBOL_REACH, point.y + SYMBOL_REACH};
+}
+
+bool ReservePoints(std::vector<POINT>& buffer, int nPoints) {
+    try {
+        buffer.reserve(static_cast<std::size_t>(nPoints < 0 ? 0 : nPoints));
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return true;
+}
+
+/// The surface's state, restored at the end.
+class CSavedState {
+public:
+    explicit CSavedState(CDC& dc) : m_dc(dc), m_nSaved(dc.SaveDC()) {}
+    ~CSavedState() { m_dc.RestoreDC(m_nSaved); }
+    CSavedState(const CSavedState&) = delete;
+    CSavedState& operator=(const CSavedState&) = delete;
+
+private:
+    CDC& m_dc;
+    const int m_nSaved;
+};
+
+} // namespace
+
+int COutputCurve::Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {
+    FindBoundingBox();
+    const CSavedState saved(*pDC);
+    m_rcClient = rc;
+    CenterDC(pDC, m_rcClient);
+    const CPlotArea area = CPlotArea::ForLegend(m_bShowLegend != 0);
+    RememberPlotDevice(*pDC, area);
+    std::vector<POINT> buffer;
+    if (!ReservePoints(buffer, m_nPoints)) {
+        return 0;
+    }
+    const CCanvas canvas(pDC, pMetaDC);
+    const tessara::CPaletteScope palette(*pDC,
+                                         {m_Colors.GetData(), static_cast<std::size_t>(m_Colors.GetSize())});
+    const CPlotMap map(area.Rect(), m_ArgumentScale, m_FunctionScale);
+
+    DrawFrames(canvas, area);
+    DrawGrids(canvas, area);
+    DrawTitles(pDC, area, pMetaDC);
+    {
+        const CWaitCursor wait;
+        DrawCurves(pDC, map, buffer, pMetaDC);
+        DrawSymbols(canvas, map);
+    }
+    PaintEmptyRect(pDC, nullptr, pMetaDC);
+    return 1;
+}
+
+void COutputCurve::RememberPlotDevice(const CDC& dc, const CPlotArea& area) {
+    if (!dc.IsPrinting()) {
+        m_rcPlotDevice = area.Rect();
+        dc.LPtoDP(&m_rcPlotDevice);
+        m_rcPlotDevice.OffsetRect(1, 1);
+    }
+}
+
+int COutputCurve::CountLegendRows() const {
+    if (!m_bShowLegend) {
+        return 0;
+    }
+    if (m_nFunctions >= 2) {
+        return m_nFunctions;
+    }
+    const int nColors = m_pMultipartCurve ? m_pMultipartCurve->GetNumColors() : 0;
+    return nColors > 1 ? nColors : 0;
+}
+
+void COutputCurve::DrawFrames(const CCanvas& canvas, const CPlotArea& area) {
+    CPen pen(PS_SOLID, tessara::FRAME_PEN_WIDTH, RGB(0, 0, 0));
+    const CSelection selection(canvas, pen);
+    canvas.Rectangle(area.Frame());
+    if (const int nRows = CountLegendRows()) {
+        canvas.Rectangle(CLegend{area}.Box(nRows));
+    }
+}
+
+void COutputCurve::DrawGrids(const CCanvas& canvas, const CPlotArea& area) {
+    CPen pen(PS_SOLID, tessara::THIN_PEN_WIDTH, RGB(0, 0, 0));
+    const CSelection thin(canvas, pen);
+    DrawDiagonal(canvas, area);
+    const LOGFONT logFont = tessara::MakeLogFont(tessara::LABEL_SIZE, "Times New Roman");
+    CFont font;
+    font.CreateFontIndirect(&logFont);
+    const CSelection labels(canvas, font);
+    DrawLegendRows(canvas, area, static_cast<CMetaFileDC*>(canvas.GetPicture()));
+    tessara::DrawHorizontalGrid(canvas, area, m_ArgumentScale);
+    tessara::DrawVerticalGrid(canvas, area, m_FunctionScale, tessara::TickChoice::all);
+}
+
+void COutputCurve::DrawDiagonal(const CCanvas& canvas, const CPlotArea& area) {
+    if (m_bDiagonal) {
+        const RECT frame = area.Frame();
+        canvas.Line(frame.left, frame.bottom, frame.right, frame.top);
+    }
+}
+
+void COutputCurve::DrawLegendRows(const CCanvas& canvas, const CPlotArea& area, CMetaFileDC* pMetaDC) {
+    const CLegend legend{area};
+    const int nRows = CountLegendRows();
+    for (int i = 0; i < nRows; ++i) {
+        const std::string strNumber = tessara::FormatText("%d", i + 1);
+        const POINT at = legend.Number(i);
+        canvas.Text(at.x, at.y, strNumber);
+        // Wide letters stand for the digits, so that the samples of numbers of equal length begin together.
+        const int nNumberWidth = canvas.Measure(std::string(strNumber.size(), 'D')).cx;
+        const RECT sample = legend.Sample(i, nNumberWidth);
+        LegendRectangleStippledEx(&canvas.GetSurface(), sample.left, sample.top, sample.right, sample.bottom,
+                                  i, pMetaDC, m_bMonochrome ? 1 : 0);
+    }
+}
+
+void COutputCurve::DrawTitles(CDC* pDC, const CPlotArea& area, CMetaFileDC* pMetaDC) {
+    CString strOrdinate = tessara::AxisTitle(m_strCurveSymbol, m_FunctionScale.nExponent);
+    if (!m_strSlideName.IsEmpty() && m_bShowLegend) {
+        strOrdinate += ", ~N" + m_strSlideName;
+    }
+    IndexedTextOut(pDC, area.nLeft - 100, area.nTop - 280, strOrdinate, tessara::TITLE_SIZE, pMetaDC);
+    IndexedTextOut(pDC, area.Right() + 60, tessara::ToCoordinate(area.Bottom() - 106.4), m_strCurveArgument,
+                   tessara::TITLE_SIZE, pMetaDC);
+    if (m_bShowCaption) {
+        DrawCaption(pDC, tessara::ToCoordinate(area.nLeft + 0.6 * area.nWidth), 8, TRUE, pMetaDC);
+    }
+}
+
+void COutputCurve::DrawCaption(CDC* pDC, int x, int y, int bCentered, CMetaFileDC* pMetaDC) {
+    tessara::DrawCaption(CCanvas(pDC, pMetaDC), x, y, bCentered != 0, m_strCurveName);
+}
+
+void COutputCurve::DrawLegend(CDC*, int, int, CPen*) {}
+
+void COutputCurve::DrawCurves(CDC* pDC, const CPlotMap& map, std::vector<POINT>& buffer,
+                              CMetaFileDC* pMetaDC) {
+    for (int nPart = 0; nPart < m_nParts; ++nPart) {
+        int nPoints = m_nPoints;
+        if (m_pMultipartCurve) {
+            const CCurvePartInfo& part = m_pMultipartCurve->m_pParts[nPart];
+            nPoints = part.nPoints;
+            m_pX = m_pMultipartCurve->m_pX + part.nFirst;
+            m_pY[0] = m_pMultipartCurve->m_pY + part.nFirst;
+        }
+        for (int j = 0; j < m_nFunctions; ++j) {
+            const int nStyle = m_pMultipartCurve ? m_pMultipartCurve->m_pParts[nPart].nColor : j;
+            tessara::MapPolyline(map, m_pX, m_pY[j], nPoints, buffer, [&](std::span<POINT> points) {
+                PolyLineStippledEx(pDC, points.data(), static_cast<int>(points.size()), nStyle, pMetaDC,
+                                   m_bMonochrome ? 1 : 0);
+            });
+        }
+    }
+}
+
+void COutputCurve::DrawSymbols(const CCanvas& canvas, const CPlotMap& map) {
+    if (!m_pSymbolsCurve) {
+        return;
+    }
+    const CSelection pen(canvas, BLACK_PEN);
+    const CSelection brush(canvas, BLACK_BRUSH);
+    for (int j = 0; j < m_pSymbolsCurve->m_nDimensions && j < 2; ++j) {
+        for (int i = 0; i < m_pSymbolsCurve->m_nPoints; ++i) {
+            const double dX = m_pSymbolsCurve->m_pX[i];
+            const double dY = m_pSymbolsCurve->m_ppY[j][i];
+            if (!tessara::IsDrawable(dX, dY)) {
+                continue;
+            }
+            const RECT box = AroundPoint(map.Map(dX, dY));
+            if (j == 0) {
+                canvas.Rectangle(box);
+            } else {
+                canvas.Ellipse(box);
+            }
+        }
+    }
+}
+
+void COutputCurve::PaintEmptyRect(CDC*, RECT*, CMetaFileDC*) {}
+
+int COutputCurve::Export(CDC* pDC, RECT rc, const char* fileName) {
+    return tessara::ExportPlaceable(*pDC, rc, fileName,
+                                    [&](CMetaFileDC& picture) { Paint(pDC, rc, &picture); });
+}
+
+int COutputCurve::Export(const char*) {
+    return 1;
+}

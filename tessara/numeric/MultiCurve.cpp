@@ -1,0 +1,167 @@
+#include "tessara/numeric/MultiCurve.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+
+#include "tessara/numeric/Storage.h"
+#include "tessara/platform/base/Archive.h"
+
+IMPLEMENT_DYNAMIC(CMultiCurve, CObject)
+
+namespace {
+
+/// Columns without points take memory and no bytes of the record, so that the record cannot vouch for them.
+constexpr int MAX_EMPTY_COLUMNS = 1 << 20;
+
+constexpr int CHUNK = 1 << 20; ///< values passed to an archive at once: a count of bytes is 32 bits wide
+
+void StoreValues(CArchive& ar, const double* pValues, int nCount) {
+    if constexpr (std::endian::native == std::endian::little) {
+        for (; nCount > 0; pValues += CHUNK, nCount -= CHUNK) {
+            ar.Write(pValues, static_cast<UINT>(std::min(nCount, CHUNK) * sizeof(double)));
+        }
+    } else {
+        std::for_each_n(pValues, nCount, [&](double dValue) { ar << dValue; });
+    }
+}
+
+void LoadValues(CArchive& ar, double* pValues, int nCount) {
+    if constexpr (std::endian::native == std::endian::little) {
+        for (; nCount > 0; pValues += CHUNK, nCount -= CHUNK) {
+            const UINT nBytes = static_cast<UINT>(std::min(nCount, CHUNK) * sizeof(double));
+            if (ar.Read(pValues, nBytes) != nBytes) {
+                AfxThrowArchiveException(CArchiveException::endOfFile);
+            }
+        }
+    } else {
+        std::for_each_n(pValues, nCount, [&](double& dValue) { ar >> dValue; });
+    }
+}
+
+/// Throws unless the archive can hold a record of these counts.
+void CheckCounts(const CArchive& ar, int nDimensions, int nPoints) {
+    if (nDimensions < 0 || nPoints < 0 || (nPoints == 0 && nDimensions > MAX_EMPTY_COLUMNS)) {
+        AfxThrowArchiveException(CArchiveException::badIndex);
+    }
+    // At most (2^31 - 1) * 2^31 values: the product fits, their bytes may not.
+    const std::uint64_t nValues =
+        static_cast<std::uint64_t>(nPoints) * (static_cast<std::uint64_t>(nDimensions) + 1);
+    if (nValues > ar.GetRemaining() / sizeof(double)) {
+        AfxThrowArchiveException(CArchiveException::endOfFile);
+    }
+}
+
+} // namespace
+
+CMultiCurve::CMultiCurve() : m_nDimensions(0), m_nPoints(0), m_pX(nullptr), m_ppY(nullptr) {}
+
+CMultiCurve::CMultiCurve(int nDimensions) : CMultiCurve() {
+    SetColumnCount(nDimensions);
+}
+
+CMultiCurve::~CMultiCurve() {
+    Free();
+    tessara::ReleaseArray(m_ppY);
+}
+
+void CMultiCurve::Allocate(int nPoints) {
+    m_nPoints = 0;
+    m_pX = nullptr;
+    tessara::ForgetColumns(m_ppY, m_nDimensions);
+    tessara::AllocateAll(*this, nPoints);
+}
+
+void CMultiCurve::Free() {
+    tessara::FreeColumns(m_ppY, m_nDimensions);
+    tessara::ReleaseArray(m_pX);
+    m_nPoints = 0;
+}
+
+void CMultiCurve::ReAllocate(int nPoints) {
+    tessara::ResizeArray(m_pX, nPoints);
+    m_nPoints = std::min(m_nPoints, nPoints);
+    tessara::ResizeColumns(m_ppY, m_nDimensions, m_nPoints, nPoints);
+}
+
+void CMultiCurve::SetDimensions(int nDimensions) {
+    if (nDimensions != m_nDimensions) {
+        Free();
+        SetColumnCount(nDimensions);
+    }
+}
+
+double CMultiCurve::Min(int nColumn) const {
+    return tessara::MinValue(m_ppY[nColumn], m_nPoints);
+}
+
+double CMultiCurve::Max(int nColumn) const {
+    return tessara::MaxValue(m_ppY[nColumn], m_nPoints);
+}
+
+CMultiCurve& CMultiCurve::operator=(CMultiCurve& src) {
+    if (this == &src) {
+        return *this;
+    }
+    if (m_nDimensions != src.m_nDimensions || src.m_nPoints < 1) {
+        Free();
+    }
+    SetColumnCount(src.m_nDimensions);
+    if (m_nDimensions < 1 || src.m_nPoints < 1) {
+        return *this;
+    }
+    SetPointCount(src.m_nPoints);
+    std::copy_n(src.m_pX, m_nPoints, m_pX);
+    for (int j = 0; j < m_nDimensions; ++j) {
+        std::copy_n(src.m_ppY[j], m_nPoints, m_ppY[j]);
+    }
+    return *this;
+}
+
+void CMultiCurve::Serialize(CArchive& ar) {
+    if (ar.IsStoring()) {
+        Store(ar);
+    } else {
+        Load(ar);
+    }
+}
+
+void CMultiCurve::Store(CArchive& ar) const {
+    ar << m_nDimensions << m_nPoints;
+    if (m_nPoints > 0) {
+        StoreValues(ar, m_pX, m_nPoints);
+        for (int j = 0; j < m_nDimensions; ++j) {
+            StoreValues(ar, m_ppY[j], m_nPoints);
+        }
+    }
+}
+
+void CMultiCurve::Load(CArchive& ar) {
+    int nDimensions = 0;
+    int nPoints = 0;
+    ar >> nDimensions >> nPoints;
+    CheckCounts(ar, nDimensions, nPoints);
+    if (nDimensions != m_nDimensions || nPoints == 0) {
+        Free();
+    }
+    SetColumnCount(nDimensions);
+    if (nPoints > 0) {
+        SetPointCount(nPoints);
+        LoadValues(ar, m_pX, m_nPoints);
+        for (int j = 0; j < m_nDimensions; ++j) {
+            LoadValues(ar, m_ppY[j], m_nPoints);
+        }
+    }
+}
+
+/// REQUIRES: columns that fall away have been freed.
+void CMultiCurve::SetColumnCount(int nDimensions) {
+    tessara::ResizeColumnArray(m_ppY, m_nDimensions, nDimensions);
+    m_nDimensions = nDimensions;
+}
+
+void CMultiCurve::SetPointCount(int nPoints) {
+    if (nPoints != m_nPoints) {
+        ReAllocate(nPoints);
+    }
+}

@@ -1,0 +1,336 @@
+#include "tessara/platform/gdi/DC.h"
+
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "tessara/platform/gdi/DrawSink.h"
+#include "tessara/platform/gdi/TextMeasure.h"
+
+IMPLEMENT_DYNAMIC(CDC, CObject)
+
+using tessara::CDrawSink;
+using tessara::CDrawState;
+
+tessara::CDrawState::CDrawState()
+    : pPen(static_cast<CPen*>(GetStockObject(BLACK_PEN))),
+      pBrush(static_cast<CBrush*>(GetStockObject(WHITE_BRUSH))),
+      pFont(static_cast<CFont*>(GetStockObject(SYSTEM_FONT))), pen(pPen->GetLogPen()),
+      brush(pBrush->GetLogBrush()), font(pFont->GetLogFont()), nBackMode(OPAQUE),
+      nRasterOperation(R2_COPYPEN) {}
+
+CDC::CDC() : m_pState(std::make_unique<CDrawState>()) {}
+
+CDC::CDC(std::unique_ptr<CDrawSink> pSink) : CDC() {
+    Attach(std::move(pSink));
+}
+
+CDC::~CDC() = default;
+
+void CDC::Attach(std::unique_ptr<CDrawSink> pSink) {
+    m_pSink = std::move(pSink);
+    const tessara::CDeviceCaps caps = m_pSink->GetCaps();
+    *m_pState = CDrawState();
+    m_pState->mapping = tessara::CMapping(caps.dDotsPerInchX, caps.dDotsPerInchY);
+    m_saved.clear();
+}
+
+std::unique_ptr<CDrawSink> CDC::Detach() {
+    return std::move(m_pSink);
+}
+
+int CDC::SaveDC() {
+    m_saved.push_back(*m_pState);
+    return static_cast<int>(m_saved.size());
+}
+
+BOOL CDC::RestoreDC(int nSaved) {
+    const int nCount = static_cast<int>(m_saved.size());
+    const int nLevel = nSaved < 0 ? nCount + 1 + nSaved : nSaved;
+    if (nLevel < 1 || nLevel > nCount) {
+        return FALSE;
+    }
+    const std::size_t nIndex = static_cast<std::size_t>(nLevel - 1);
+    *m_pState = m_saved[nIndex];
+    m_saved.erase(m_saved.begin() + static_cast<std::ptrdiff_t>(nIndex), m_saved.end());
+    return TRUE;
+}
+
+int CDC::SetMapMode(int nMode) {
+    const int nPrevious = GetMapMode();
+    return m_pState->mapping.SetMode(nMode) ? nPrevious : 0;
+}
+
+int CDC::GetMapMode() const {
+    return m_pState->mapping.GetMode();
+}
+
+BOOL CDC::SetWindowExtEx(int nWidth, int nHeight, SIZE* pPrevious) {
+    if (pPrevious) {
+        *pPrevious = m_pState->mapping.GetWindowExtent();
+    }
+    return m_pState->mapping.SetWindowExtent({nWidth, nHeight});
+}
+
+BOOL CDC::SetWindowOrgEx(int nX, int nY, POINT* pPrevious) {
+    if (pPrevious) {
+        *pPrevious = m_pState->mapping.GetWindowOrigin();
+    }
+    m_pState->mapping.SetWindowOrigin({nX, nY});
+    return TRUE;
+}
+
+BOOL CDC::SetViewportExtEx(int nWidth, int nHeight, SIZE* pPrevious) {
+    if (pPrevious) {
+        *pPrevious = m_pState->mapping.GetViewportExtent();
+    }
+    return m_pState->mapping.SetViewportExtent({nWidth, nHeight});
+}
+
+BOOL CDC::SetViewportOrgEx(int nX, int nY, POINT* pPrevious) {
+    if (pPrevious) {
+        *pPrevious = m_pState->mapping.GetViewportOrigin();
+    }
+    m_pState->mapping.SetViewportOrigin({nX, nY});
+    return TRUE;
+}
+
+CSize CDC::SetWindowExt(int nWidth, int nHeight) {
+    SIZE previous;
+    SetWindowExtEx(nWidth, nHeight, &previous);
+    return previous;
+}
+
+CPoint CDC::SetWindowOrg(int nX, int nY) {
+    POINT previous;
+    SetWindowOrgEx(nX, nY, &previous);
+    return previous;
+}
+
+CSize CDC::SetViewportExt(int nWidth, int nHeight) {
+    SIZE previous;
+    SetViewportExtEx(nWidth, nHeight, &previous);
+    return previous;
+}
+
+CPoint CDC::SetViewportOrg(int nX, int nY) {
+    POINT previous;
+    SetViewportOrgEx(nX, nY, &previous);
+    return previous;
+}
+
+CSize CDC::GetWindowExt() const {
+    return m_pState->mapping.GetWindowExtent();
+}
+
+CSize CDC::GetViewportExt() const {
+    return m_pState->mapping.GetViewportExtent();
+}
+
+void CDC::LPtoDP(POINT* pPoints, int nCount) const {
+    for (int i = 0; i < nCount; ++i) {
+        pPoints[i] = m_pState->mapping.ToDevice(pPoints[i]);
+    }
+}
+
+void CDC::DPtoLP(POINT* pPoints, int nCount) const {
+    for (int i = 0; i < nCount; ++i) {
+        pPoints[i] = m_pState->mapping.ToLogical(pPoints[i]);
+    }
+}
+
+void CDC::LPtoDP(RECT* pRect) const {
+    std::array<POINT, 2> corners{POINT{pRect->left, pRect->top}, POINT{pRect->right, pRect->bottom}};
+    LPtoDP(corners.data(), 2);
+    *pRect = {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
+}
+
+void CDC::DPtoLP(RECT* pRect) const {
+    std::array<POINT, 2> corners{POINT{pRect->left, pRect->top}, POINT{pRect->right, pRect->bottom}};
+    DPtoLP(corners.data(), 2);
+    *pRect = {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
+}
+
+void CDC::LPtoDP(SIZE* pSize) const {
+    *pSize = m_pState->mapping.ToDevice(*pSize);
+}
+
+void CDC::DPtoLP(SIZE* pSize) const {
+    *pSize = m_pState->mapping.ToLogical(*pSize);
+}
+
+BOOL CDC::IsPrinting() const {
+    return m_pSink && m_pSink->GetCaps().bPrinting;
+}
+
+int CDC::GetDeviceCaps(int nIndex) const {
+    constexpr double MILLIMETRES_PER_INCH = 25.4;
+    const tessara::CDeviceCaps caps = m_pSink ? m_pSink->GetCaps() : tessara::CDeviceCaps();
+    switch (nIndex) {
+    case LOGPIXELSX:
+        return static_cast<int>(std::lround(caps.dDotsPerInchX));
+    case LOGPIXELSY:
+        return static_cast<int>(std::lround(caps.dDotsPerInchY));
+    case HORZRES:
+        return caps.size.cx;
+    case VERTRES:
+        return caps.size.cy;
+    case HORZSIZE:
+        return static_cast<int>(std::lround(caps.size.cx / caps.dDotsPerInchX * MILLIMETRES_PER_INCH));
+    case VERTSIZE:
+        return static_cast<int>(std::lround(caps.size.cy / caps.dDotsPerInchY * MILLIMETRES_PER_INCH));
+    case NUMCOLORS:
+        return caps.nColors;
+    default:
+        return 0;
+    }
+}
+
+CPen* CDC::SelectObject(CPen* pPen) {
+    if (!pPen) {
+        return nullptr;
+    }
+    m_pState->pen = pPen->GetLogPen();
+    return std::exchange(m_pState->pPen, pPen);
+}
+
+CBrush* CDC::SelectObject(CBrush* pBrush) {
+    if (!pBrush) {
+        return nullptr;
+    }
+    m_pState->brush = pBrush->GetLogBrush();
+    return std::exchange(m_pState->pBrush, pBrush);
+}
+
+CFont* CDC::SelectObject(CFont* pFont) {
+    if (!pFont) {
+        return nullptr;
+    }
+    m_pState->font = pFont->GetLogFont();
+    return std::exchange(m_pState->pFont, pFont);
+}
+
+CGdiObject* CDC::SelectObject(CGdiObject* pObject) {
+    if (auto* pPen = dynamic_cast<CPen*>(pObject)) {
+        return SelectObject(pPen);
+    }
+    if (auto* pBrush = dynamic_cast<CBrush*>(pObject)) {
+        return SelectObject(pBrush);
+    }
+    return SelectObject(dynamic_cast<CFont*>(pObject));
+}
+
+CGdiObject* CDC::SelectStockObject(int nIndex) {
+    return SelectObject(tessara::GetStockObject(nIndex));
+}
+
+COLORREF CDC::SetTextColor(COLORREF color) {
+    return std::exchange(m_pState->textColor, color);
+}
+
+COLORREF CDC::SetBkColor(COLORREF color) {
+    return std::exchange(m_pState->backColor, color);
+}
+
+int CDC::SetBkMode(int nMode) {
+    return std::exchange(m_pState->nBackMode, nMode == TRANSPARENT ? TRANSPARENT : OPAQUE);
+}
+
+int CDC::SetROP2(int nMode) {
+    return std::exchange(m_pState->nRasterOperation, nMode);
+}
+
+int CDC::GetROP2() const {
+    return m_pState->nRasterOperation;
+}
+
+CPoint CDC::MoveTo(int nX, int nY) {
+    return std::exchange(m_pState->position, POINT{nX, nY});
+}
+
+BOOL CDC::LineTo(int nX, int nY) {
+    const std::array<POINT, 2> ends{m_pState->position, POINT{nX, nY}};
+    m_pState->position = ends[1];
+    return Polyline(ends.data(), 2);
+}
+
+BOOL CDC::Polyline(const POINT* pPoints, int nCount) {
+    if (nCount < 1) {
+        return FALSE;
+    }
+    if (m_pSink) {
+        m_pSink->Polyline(*m_pState, {pPoints, static_cast<std::size_t>(nCount)});
+    }
+    return TRUE;
+}
+
+BOOL CDC::Polygon(const POINT* pPoints, int nCount) {
+    if (nCount < 2) {
+        return FALSE;
+    }
+    if (m_pSink) {
+        m_pSink->Polygon(*m_pState, {pPoints, static_cast<std::size_t>(nCount)});
+    }
+    return TRUE;
+}
+
+BOOL CDC::Rectangle(int nLeft, int nTop, int nRight, int nBottom) {
+    if (m_pSink) {
+        m_pSink->Rectangle(*m_pState, {nLeft, nTop, nRight, nBottom});
+    }
+    return TRUE;
+}
+
+BOOL CDC::Rectangle(const RECT* pRect) {
+    return Rectangle(pRect->left, pRect->top, pRect->right, pRect->bottom);
+}
+
+BOOL CDC::Ellipse(int nLeft, int nTop, int nRight, int nBottom) {
+    if (m_pSink) {
+        m_pSink->Ellipse(*m_pState, {nLeft, nTop, nRight, nBottom});
+    }
+    return TRUE;
+}
+
+BOOL CDC::Ellipse(const RECT* pRect) {
+    return Ellipse(pRect->left, pRect->top, pRect->right, pRect->bottom);
+}
+
+void CDC::FillRect(const RECT* pRect, CBrush* pBrush) {
+    const LOGBRUSH& brush = pBrush->GetLogBrush();
+    if (m_pSink && brush.lbStyle != BS_NULL) {
+        m_pSink->FillRect(*m_pState, *pRect, brush.lbColor);
+    }
+}
+
+void CDC::DrawFocusRect(const RECT* pRect) {
+    if (m_pSink) {
+        m_pSink->FocusRect(*m_pState, *pRect);
+    }
+}
+
+COLORREF CDC::GetPixel(int nX, int nY) const {
+    return m_pSink ? m_pSink->ReadPixel(m_pState->mapping.ToDevice(POINT{nX, nY})) : CLR_INVALID;
+}
+
+BOOL CDC::TextOut(int nX, int nY, const char* pszText, int nCount) {
+    if (nCount < 0) {
+        return FALSE;
+    }
+    if (m_pSink && nCount > 0) {
+        m_pSink->Text(*m_pState, {nX, nY}, {pszText, static_cast<std::size_t>(nCount)});
+    }
+    return TRUE;
+}
+
+BOOL CDC::TextOut(int nX, int nY, const CString& strText) {
+    return TextOut(nX, nY, strText, strText.GetLength());
+}
+
+CSize CDC::GetTextExtent(const char* pszText, int nCount) const {
+    return tessara::MeasureText(m_pState->font, {pszText, nCount < 0 ? 0 : static_cast<std::size_t>(nCount)});
+}
+
+CSize CDC::GetTextExtent(const CString& strText) const {
+    return GetTextExtent(strText, strText.GetLength());
+}

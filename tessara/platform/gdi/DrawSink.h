@@ -1,0 +1,72 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "tessara/platform/gdi/GdiObject.h"
+#include "tessara/platform/gdi/Mapping.h"
+
+/// Every operation that leaves marks on a surface, once: name, parameters. Sinks, the log and the tests are
+/// generated from this table, so that none is forgotten. All coordinates are logical.
+#define TESSARA_DRAW_OPERATIONS(OPERATION)                                                                   \
+    OPERATION(Polyline, (std::span<const POINT> points))                                                     \
+    OPERATION(Polygon, (std::span<const POINT> points))                                                      \
+    OPERATION(Rectangle, (const RECT& rect))                                                                 \
+    OPERATION(Ellipse, (const RECT& rect))                                                                   \
+    OPERATION(FillRect, (const RECT& rect, COLORREF color))                                                  \
+    OPERATION(FocusRect, (const RECT& rect))                                                                 \
+    OPERATION(Text, (POINT origin, std::string_view strBytes))
+
+namespace tessara {
+
+/// All that a drawing operation depends on besides its coordinates. SaveDC keeps copies of it.
+///
+/// The object pointers name what was selected; drawing uses the copies beside them.
+struct TESSARA_API CDrawState {
+    CDrawState();
+
+    CMapping mapping;
+    CPen* pPen;
+    CBrush* pBrush;
+    CFont* pFont;
+    LOGPEN pen;
+    LOGBRUSH brush;
+    LOGFONT font;
+    COLORREF textColor = 0x000000;
+    COLORREF backColor = 0xFFFFFF;
+    int nBackMode;
+    int nRasterOperation;
+    POINT position{0, 0};
+};
+
+/// What a device says of itself.
+struct CDeviceCaps {
+    double dDotsPerInchX = 96;
+    double dDotsPerInchY = 96;
+    SIZE size{0, 0};        ///< pixels
+    int nColors = 1 << 24;  ///< 2 for black and white
+    bool bPrinting = false; ///< the surface is a printer, not a window or a picture
+};
+
+/// Where drawing ends: one device or picture. A sink keeps no drawing state of its own; each operation brings
+/// it.
+class CDrawSink {
+public:
+    virtual ~CDrawSink() = default;
+    virtual CDeviceCaps GetCaps() const = 0;
+    /// The colour of a device pixel, or CLR_INVALID where nothing can be read.
+    virtual COLORREF ReadPixel(POINT device) const = 0;
+
+#define TESSARA_DECLARE_OPERATION(name, parameters)                                                          \
+    virtual void name(const CDrawState& state, TESSARA_UNWRAP parameters) = 0;
+#define TESSARA_UNWRAP(...) __VA_ARGS__
+    TESSARA_DRAW_OPERATIONS(TESSARA_DECLARE_OPERATION)
+#undef TESSARA_DECLARE_OPERATION
+};
+
+/// In a sink: declares the override of every operation.
+#define TESSARA_OVERRIDE_OPERATION(name, parameters)                                                         \
+    void name(const tessara::CDrawState& state, TESSARA_UNWRAP parameters) override;
+
+} // namespace tessara

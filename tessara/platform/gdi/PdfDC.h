@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "tessara/platform/gdi/DC.h"
+
+/// A surface that becomes a PDF file of one page. Text stays text, fonts are embedded. This is a picture, not
+/// a printer: IsPrinting is false.
+///
+///     CPdfDC dc("plot.pdf", 160, 115);
+///     plot.Paint(&dc, dc.GetClientRect(), nullptr);
+///     dc.Close();
+class TESSARA_API CPdfDC : public CDC {
+    DECLARE_DYNAMIC(CPdfDC)
+
+public:
+    /// Size in millimetres, positive. Nothing is written before Close.
+    CPdfDC(const char* pszPath, double dWidthMm, double dHeightMm);
+    ~CPdfDC() override;
+
+    RECT GetClientRect() const; ///< the whole page in device units (1200 per inch)
+    /// Finishes the page and writes the file. Throws CFileException. Further drawing does nothing.
+    void Close();
+
+private:
+    std::string m_strPath;
+    RECT m_rcClient{0, 0, 0, 0};
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "tessara/platform/gdi/DC.h"
+
+/// A surface that becomes an SVG file. Text stays text, in Liberation Serif or its metric equals.
+///
+///     CSvgDC dc("plot.svg", 160, 115);
+///     plot.Paint(&dc, dc.GetClientRect(), nullptr);
+///     dc.Close();
+class TESSARA_API CSvgDC : public CDC {
+    DECLARE_DYNAMIC(CSvgDC)
+
+public:
+    /// Size in millimetres, positive. Nothing is written before Close.
+    CSvgDC(const char* pszPath, double dWidthMm, double dHeightMm);
+    ~CSvgDC() override;
+
+    RECT GetClientRect() const; ///< the whole picture in device units (1200 per inch)
+    /// Finishes the picture and writes the file. Throws CFileException. Further drawing does nothing.
+    void Close();
+
+private:
+    std::string m_strPath;
+    RECT m_rcClient{0, 0, 0, 0};
+};

@@ -1,0 +1,33 @@
+#include "tessara/platform/qt/Application.h"
+
+#include <QApplication>
+
+namespace tessara {
+
+namespace {
+
+bool HasDisplay() {
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+QApplication* MakeApplication() {
+    static int s_nArguments = 1;
+    static char s_szName[] = "tessara";
+    static char* s_arguments[] = {s_szName, nullptr};
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !HasDisplay()) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    return new QApplication(s_nArguments, s_arguments);
+}
+
+} // namespace
+
+void EnsureApplication() {
+    if (!QCoreApplication::instance()) {
+        // Not deleted: windows and fonts of other static objects may outlive any place to do so.
+        static QApplication* const s_pApplication = MakeApplication();
+        Q_UNUSED(s_pApplication)
+    }
+}
+
+} // namespace tessara

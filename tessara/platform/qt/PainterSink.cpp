@@ -1,0 +1,298 @@
+#include "tessara/platform/qt/PainterSink.h"
+
+#include <QImage>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+
+#include "tessara/platform/gdi/DC.h"
+#include "tessara/platform/gdi/PolylineReduction.h"
+#include "tessara/platform/gdi/TextMeasure.h"
+#include "tessara/platform/qt/TextRun.h"
+
+namespace tessara {
+
+namespace {
+
+/// How far from the origin lines are handed to Qt, in device units: beyond, its rasteriser loses precision.
+constexpr LONG MAX_PIXEL = 16000;
+constexpr LONG MAX_VECTOR_UNIT = 1 << 22;
+constexpr double SCREEN_DOTS_PER_INCH = 96.0;
+
+/// Dash patterns in ninety-sixths of an inch.
+QList<qreal> DashPattern(UINT nStyle) {
+    switch (nStyle) {
+    case PS_DASH:
+        return {18, 6};
+    case PS_DOT:
+        return {3, 3};
+    case PS_DASHDOT:
+        return {9, 6, 3, 6};
+    case PS_DASHDOTDOT:
+        return {9, 3, 3, 3, 3, 3};
+    default:
+        return {};
+    }
+}
+
+RECT Around(LONG nReach) {
+    return {-nReach, -nReach, nReach, nReach};
+}
+
+bool IsStraight(std::span<const POINT> points) {
+    return points.size() == 2 && (points[0].x == points[1].x || points[0].y == points[1].y);
+}
+
+} // namespace
+
+QColor ToQColor(COLORREF color) {
+    return QColor(GetRValue(color), GetGValue(color), GetBValue(color));
+}
+
+CPainterSink::CPainterSink(QPaintDevice& device, const CDeviceCaps& caps, Style eStyle)
+    : m_painter(&device), m_caps(caps), m_eStyle(eStyle) {}
+
+CPainterSink::~CPainterSink() = default;
+
+void CPainterSink::EndPainting() {
+    m_painter.end();
+}
+
+COLORREF CPainterSink::ReadPixel(POINT device) const {
+    const QPaintDevice* pDevice = m_painter.device();
+    if (!pDevice || pDevice->devType() != QInternal::Image) {
+        return CLR_INVALID;
+    }
+    const auto& image = static_cast<const QImage&>(*pDevice);
+    if (!image.valid(device.x, device.y)) {
+        return CLR_INVALID;
+    }
+    const QRgb rgb = image.pixel(device.x, device.y);
+    return RGB(qRed(rgb), qGreen(rgb), qBlue(rgb));
+}
+
+void CPainterSink::SetSmooth(bool bSmooth) {
+    m_painter.setRenderHint(QPainter::Antialiasing, bSmooth);
+    // An antialiased line through whole numbers runs between pixels; it is meant to run through their
+    // middles.
+    m_painter.setTransform(bSmooth && !IsVector() ? QTransform::fromTranslate(0.5, 0.5) : QTransform());
+}
+
+QPen CPainterSink::MakePen(const CDrawState& state, bool bExact) const {
+    const LOGPEN& pen = state.pen;
+    if (pen.lopnStyle == PS_NULL) {
+        return Qt::NoPen;
+    }
+    const double dExact = pen.lopnWidth.x * state.mapping.GetScaleX();
+    const double dHair = IsVector() ? m_caps.dDotsPerInchX / 300.0 : 1.0;
+    const double dWidth = bExact ? dExact : std::floor(dExact);
+    QPen result(ToQColor(pen.lopnColor), std::max(dWidth, dHair), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    QList<qreal> dashes = DashPattern(pen.lopnStyle);
+    if (!dashes.isEmpty()) {
+        for (qreal& dLength : dashes) {
+            dLength *= m_caps.dDotsPerInchX / SCREEN_DOTS_PER_INCH / result.widthF();
+        }
+        result.setCapStyle(Qt::FlatCap);
+        result.setDashPattern(dashes);
+    }
+    return result;
+}
+
+bool CPainterSink::SetRasterOperation(const CDrawState& state) {
+    const int nOperation = state.nRasterOperation;
+    if (nOperation == R2_NOP || (IsVector() && nOperation != R2_COPYPEN)) {
+        return false;
+    }
+    QPainter::CompositionMode eMode = QPainter::CompositionMode_SourceOver;
+    switch (nOperation) {
+    case R2_XORPEN:
+        eMode = QPainter::RasterOp_SourceXorDestination;
+        break;
+    case R2_NOTXORPEN:
+        eMode = QPainter::RasterOp_NotSourceXorDestination;
+        break;
+    case R2_NOT:
+        eMode = QPainter::RasterOp_NotDestination;
+        break;
+    case R2_BLACK:
+        eMode = QPainter::RasterOp_ClearDestination;
+        break;
+    case R2_WHITE:
+        eMode = QPainter::RasterOp_SetDestination;
+        break;
+    default:
+        break;
+    }
+    m_painter.setCompositionMode(eMode);
+    return true;
+}
+
+QPointF CPainterSink::MapExactly(const CDrawState& state, POINT point) const {
+    const CMapping& mapping = state.mapping;
+    const SIZE window = mapping.GetWindowExtent();
+    const SIZE viewport = mapping.GetViewportExtent();
+    const POINT from = mapping.GetWindowOrigin();
+    const POINT to = mapping.GetViewportOrigin();
+    return {(static_cast<double>(point.x) - from.x) * viewport.cx / window.cx + to.x,
+            (static_cast<double>(point.y) - from.y) * viewport.cy / window.cy + to.y};
+}
+
+void CPainterSink::Polyline(const CDrawState& state, std::span<const POINT> points) {
+    if (state.pen.lopnStyle == PS_NULL || !SetRasterOperation(state)) {
+        return;
+    }
+    m_points.assign(points.begin(), points.end());
+    const bool bMerge = state.nRasterOperation == R2_COPYPEN;
+    const bool bExact = IsVector() || (m_eStyle == Style::smoothPixels && bMerge && !IsStraight(points));
+    SetSmooth(bExact);
+    m_painter.setPen(MakePen(state, bExact));
+    if (!bExact) {
+        std::transform(m_points.begin(), m_points.end(), m_points.begin(),
+                       [&](POINT point) { return state.mapping.ToDevice(point); });
+    }
+    if (bMerge) {
+        m_points.resize(MergeColumns(m_points));
+    }
+    if (bExact) {
+        DrawExactly(state, m_points);
+    } else {
+        DrawInPixels(state, m_points);
+    }
+}
+
+void CPainterSink::DrawExactly(const CDrawState& state, std::span<const POINT> points) {
+    const double dReach = IsVector() ? MAX_VECTOR_UNIT : MAX_PIXEL;
+    const LONG nReach = ToCoordinate(dReach / std::max(state.mapping.GetScaleX(), state.mapping.GetScaleY()));
+    ClipPolyline(points, Around(nReach), [&](std::span<const POINT> piece) {
+        m_exactPoints.clear();
+        for (const POINT& point : piece) {
+            m_exactPoints.push_back(MapExactly(state, point));
+        }
+        if (m_exactPoints.size() == 1) {
+            m_painter.drawPoint(m_exactPoints.front());
+        } else {
+            m_painter.drawPolyline(m_exactPoints.data(), static_cast<int>(m_exactPoints.size()));
+        }
+    });
+}
+
+void CPainterSink::DrawInPixels(const CDrawState&, std::span<const POINT> points) {
+    ClipPolyline(points, Around(MAX_PIXEL), [&](std::span<const POINT> piece) {
+        m_pixels.clear();
+        for (const POINT& point : piece) {
+            m_pixels.emplace_back(point.x, point.y);
+        }
+        if (m_pixels.size() == 1) {
+            m_painter.drawPoint(m_pixels.front());
+        } else {
+            m_painter.drawPolyline(m_pixels.data(), static_cast<int>(m_pixels.size()));
+        }
+    });
+}
+
+QRectF CPainterSink::MapShape(const CDrawState& state, const RECT& rect) const {
+    const double dReach = IsVector() ? MAX_VECTOR_UNIT : MAX_PIXEL;
+    const auto hold = [dReach](QPointF point) {
+        return QPointF(std::clamp(point.x(), -dReach, dReach), std::clamp(point.y(), -dReach, dReach));
+    };
+    if (IsVector()) {
+        return QRectF(hold(MapExactly(state, {rect.left, rect.top})),
+                      hold(MapExactly(state, {rect.right, rect.bottom})))
+            .normalized();
+    }
+    CRect pixels(state.mapping.ToDevice(POINT{rect.left, rect.top}).x,
+                 state.mapping.ToDevice(POINT{rect.left, rect.top}).y,
+                 state.mapping.ToDevice(POINT{rect.right, rect.bottom}).x,
+                 state.mapping.ToDevice(POINT{rect.right, rect.bottom}).y);
+    pixels.NormalizeRect();
+    // An outline runs along the last pixels that belong to the shape; without one the fill covers them.
+    const int nOutline = state.pen.lopnStyle == PS_NULL ? 0 : 1;
+    return QRectF(hold(QPointF(pixels.left, pixels.top)),
+                  hold(QPointF(pixels.right - nOutline, pixels.bottom - nOutline)));
+}
+
+bool CPainterSink::PrepareShape(const CDrawState& state, bool bSmooth) {
+    if (!SetRasterOperation(state)) {
+        return false;
+    }
+    SetSmooth(bSmooth);
+    QPen pen = MakePen(state, bSmooth);
+    pen.setJoinStyle(Qt::MiterJoin);
+    m_painter.setPen(pen);
+    m_painter.setBrush(state.brush.lbStyle == BS_NULL ? QBrush(Qt::NoBrush)
+                                                      : QBrush(ToQColor(state.brush.lbColor)));
+    if (bSmooth && pen.style() == Qt::NoPen) {
+        m_painter.setTransform(QTransform());
+    }
+    return true;
+}
+
+void CPainterSink::Polygon(const CDrawState& state, std::span<const POINT> points) {
+    if (!PrepareShape(state, m_eStyle != Style::pixels)) {
+        return;
+    }
+    const double dReach = IsVector() ? MAX_VECTOR_UNIT : MAX_PIXEL;
+    QPolygonF polygon;
+    for (const POINT& point : points) {
+        const POINT device = state.mapping.ToDevice(point);
+        const QPointF mapped = IsVector() ? MapExactly(state, point) : QPointF(device.x, device.y);
+        polygon << QPointF(std::clamp(mapped.x(), -dReach, dReach), std::clamp(mapped.y(), -dReach, dReach));
+    }
+    m_painter.drawPolygon(polygon);
+}
+
+void CPainterSink::Rectangle(const CDrawState& state, const RECT& rect) {
+    if (PrepareShape(state, IsVector())) {
+        m_painter.drawRect(MapShape(state, rect));
+    }
+}
+
+void CPainterSink::Ellipse(const CDrawState& state, const RECT& rect) {
+    if (PrepareShape(state, m_eStyle != Style::pixels)) {
+        m_painter.drawEllipse(MapShape(state, rect));
+    }
+}
+
+void CPainterSink::FillRect(const CDrawState& state, const RECT& rect, COLORREF color) {
+    CDrawState fill = state;
+    fill.pen.lopnStyle = PS_NULL;
+    fill.nRasterOperation = R2_COPYPEN;
+    fill.brush = {BS_SOLID, color, 0};
+    Rectangle(fill, rect);
+}
+
+void CPainterSink::FocusRect(const CDrawState& state, const RECT& rect) {
+    CDrawState frame = state;
+    frame.pen = {PS_DOT, {0, 0}, 0xFFFFFF};
+    frame.brush.lbStyle = BS_NULL;
+    frame.nRasterOperation = R2_XORPEN;
+    Rectangle(frame, rect);
+}
+
+void CPainterSink::Text(const CDrawState& state, POINT origin, std::string_view strBytes) {
+    const CFontFace& face = CFontFace::Find(state.font);
+    const QString strText = QString::fromStdU32String(DecodeFor(state.font, strBytes));
+    if (state.nBackMode == OPAQUE) {
+        const SIZE size = MeasureText(state.font, strBytes);
+        FillRect(state, {origin.x, origin.y, origin.x + size.cx, origin.y + size.cy}, state.backColor);
+    }
+    const double dScale = state.mapping.GetScaleY();
+    const double dEm = face.GetEm(state.font.lfHeight) * dScale;
+    QPointF baseline = MapExactly(state, origin);
+    baseline.ry() += face.GetAscent() * dEm;
+    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    m_painter.setRenderHint(QPainter::Antialiasing, true);
+    if (IsVector()) {
+        m_painter.setTransform(QTransform());
+        m_painter.setPen(ToQColor(state.textColor));
+        m_painter.setFont(face.AtSize(static_cast<int>(std::lround(dEm))));
+        m_painter.drawText(baseline, strText);
+        return;
+    }
+    // Whole-pixel baselines keep the horizontal strokes of small text crisp.
+    const double dUnit = dEm / CFontFace::REFERENCE_SIZE;
+    m_painter.setTransform(QTransform(dUnit, 0, 0, dUnit, baseline.x(), std::round(baseline.y())));
+    m_painter.fillPath(face.GetOutlines(strText), ToQColor(state.textColor));
+}
+
+} // namespace tessara

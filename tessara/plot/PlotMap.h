@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <vector>
+
+#include "tessara/platform/gdi/Geometry.h"
+#include "tessara/plot/ChooseScale.h"
+
+namespace tessara {
+
+/// The map from data values to the page: a frame and the axes along its bottom and left edges.
+///
+/// Results are truncated toward zero. Values off the axes map outside the frame; nothing is cut off here. On
+/// an axis without extent everything lies in the middle.
+class TESSARA_API CPlotMap {
+public:
+    /// The edge that heights are reckoned from; it decides how they round.
+    enum class Base { top, bottom };
+
+    CPlotMap(const RECT& rcFrame, const CHOOSESCALE& scaleX, const CHOOSESCALE& scaleY,
+             Base eBase = Base::top)
+        : m_frame(rcFrame), m_x(scaleX), m_y(scaleY), m_eBase(eBase) {}
+
+    int MapX(double dX) const { return ToCoordinate(m_frame.left + m_frame.Width() * m_x.Fraction(dX)); }
+    int MapY(double dY) const {
+        const double dFraction = m_y.Fraction(dY);
+        return m_eBase == Base::top ? ToCoordinate(m_frame.top + m_frame.Height() * (1 - dFraction))
+                                    : ToCoordinate(m_frame.bottom - m_frame.Height() * dFraction);
+    }
+
+    /// The point of a pair of values, both of which are finite (IsDrawable).
+    POINT Map(double dX, double dY) const { return {MapX(dX), MapY(dY)}; }
+
+private:
+    struct CAxis {
+        explicit CAxis(const CHOOSESCALE& scale) : dLower(scale.dLower), dSpan(scale.dUpper - scale.dLower) {}
+        double Fraction(double dValue) const { return dSpan != 0 ? (dValue - dLower) / dSpan : 0.5; }
+
+        double dLower;
+        double dSpan;
+    };
+
+    CRect m_frame;
+    CAxis m_x;
+    CAxis m_y;
+    Base m_eBase;
+};
+
+/// True when a point has a place: neither value is infinite or not a number.
+TESSARA_API bool IsDrawable(double dX, double dY);
+
+/// Maps nPoints points to the page and hands out each unbroken run of them, thinned by MergeColumns. Points
+/// that are not drawable are gaps. The buffer keeps its memory between calls.
+TESSARA_API void MapPolyline(const CPlotMap& map, const double* pX, const double* pY, int nPoints,
+                             std::vector<POINT>& buffer, const std::function<void(std::span<POINT>)>& emit);
+
+} // namespace tessara
