@@ -17,6 +17,7 @@ namespace {
 /// How far from the origin lines are handed to Qt, in device units: beyond, its rasteriser loses precision.
 constexpr LONG MAX_PIXEL = 16000;
 constexpr LONG MAX_VECTOR_UNIT = 1 << 22;
+constexpr std::size_t WIDE_PIECE = 16; ///< segments of a wide or smooth line drawn at a time
 constexpr double SCREEN_DOTS_PER_INCH = 96.0;
 
 /// Dash patterns in ninety-sixths of an inch.
@@ -37,6 +38,12 @@ QList<qreal> DashPattern(UINT nStyle) {
 
 RECT Around(LONG nReach) {
     return {-nReach, -nReach, nReach, nReach};
+}
+
+/// Too close for a smooth line to show the difference.
+bool IsNear(QPointF a, QPointF b) {
+    constexpr double SEEN = 0.2; // pixels
+    return std::abs(a.x() - b.x()) < SEEN && std::abs(a.y() - b.y()) < SEEN;
 }
 
 bool IsStraight(std::span<const POINT> points) {
@@ -156,8 +163,30 @@ void CPainterSink::Polyline(const CDrawState& state, std::span<const POINT> poin
     if (bExact) {
         DrawExactly(state, m_points);
     } else {
-        DrawInPixels(state, m_points);
+        DrawInPixels(m_points);
     }
+}
+
+/// Draws a line in pieces that share their end points, or whole for nPiece 0. The rasteriser's time grows
+/// faster than the length of an outline; the pieces' round ends lie on each other.
+template <class POINT_TYPE>
+void CPainterSink::DrawRun(const std::vector<POINT_TYPE>& points, std::size_t nPiece) {
+    if (points.size() == 1) {
+        m_painter.drawPoint(points.front());
+        return;
+    }
+    const std::size_t nSegments = points.size() - 1;
+    const std::size_t nStep = nPiece == 0 ? nSegments : nPiece;
+    for (std::size_t nFirst = 0; nFirst < nSegments; nFirst += nStep) {
+        m_painter.drawPolyline(points.data() + nFirst,
+                               static_cast<int>(std::min(nStep, nSegments - nFirst)) + 1);
+    }
+}
+
+std::size_t CPainterSink::GetPieceLength() const {
+    const QPen& pen = m_painter.pen();
+    const bool bThin = pen.widthF() <= 1 && !m_painter.testRenderHint(QPainter::Antialiasing);
+    return IsVector() || bThin || pen.style() != Qt::SolidLine ? 0 : WIDE_PIECE;
 }
 
 void CPainterSink::DrawExactly(const CDrawState& state, std::span<const POINT> points) {
@@ -166,27 +195,23 @@ void CPainterSink::DrawExactly(const CDrawState& state, std::span<const POINT> p
     ClipPolyline(points, Around(nReach), [&](std::span<const POINT> piece) {
         m_exactPoints.clear();
         for (const POINT& point : piece) {
-            m_exactPoints.push_back(MapExactly(state, point));
+            const QPointF mapped = MapExactly(state, point);
+            const bool bLast = &point == &piece.back();
+            if (IsVector() || bLast || m_exactPoints.empty() || !IsNear(m_exactPoints.back(), mapped)) {
+                m_exactPoints.push_back(mapped);
+            }
         }
-        if (m_exactPoints.size() == 1) {
-            m_painter.drawPoint(m_exactPoints.front());
-        } else {
-            m_painter.drawPolyline(m_exactPoints.data(), static_cast<int>(m_exactPoints.size()));
-        }
+        DrawRun(m_exactPoints, GetPieceLength());
     });
 }
 
-void CPainterSink::DrawInPixels(const CDrawState&, std::span<const POINT> points) {
+void CPainterSink::DrawInPixels(std::span<const POINT> points) {
     ClipPolyline(points, Around(MAX_PIXEL), [&](std::span<const POINT> piece) {
         m_pixels.clear();
         for (const POINT& point : piece) {
             m_pixels.emplace_back(point.x, point.y);
         }
-        if (m_pixels.size() == 1) {
-            m_painter.drawPoint(m_pixels.front());
-        } else {
-            m_painter.drawPolyline(m_pixels.data(), static_cast<int>(m_pixels.size()));
-        }
+        DrawRun(m_pixels, GetPieceLength());
     });
 }
 

@@ -38,7 +38,10 @@ private:
     QRectF MapShape(const CDrawState& state, const RECT& rect) const;
     QPointF MapExactly(const CDrawState& state, POINT point) const;
     void DrawExactly(const CDrawState& state, std::span<const POINT> points);
-    void DrawInPixels(const CDrawState& state, std::span<const POINT> points);
+    void DrawInPixels(std::span<const POINT> points);
+    template <class POINT_TYPE>
+    void DrawRun(const std::vector<POINT_TYPE>& points, std::size_t nPiece);
+    std::size_t GetPieceLength() const;
     void SetSmooth(bool bSmooth);
     bool IsVector() const { return m_eStyle == Style::vector; }
 

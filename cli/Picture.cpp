@@ -1,0 +1,92 @@
+#include "cli/Picture.h"
+
+#include <algorithm>
+
+#include "cli/InputError.h"
+#include "cli/OutputFile.h"
+#include "tessara/platform/base/Exception.h"
+#include "tessara/platform/gdi/ImageDC.h"
+#include "tessara/platform/gdi/PdfDC.h"
+#include "tessara/platform/gdi/SvgDC.h"
+
+namespace tessara {
+
+namespace {
+
+template <class DC>
+void Paint(COutputCurve& plot, DC& dc) {
+    dc.SetBkMode(TRANSPARENT);
+    if (!plot.Paint(&dc, dc.GetClientRect(), nullptr)) {
+        AfxThrowMemoryException();
+    }
+}
+
+void DrawPng(COutputCurve& plot, const CPictureSize& size, const char* pszPath) {
+    CImageDC dc(size.GetWidth(), size.GetHeight(), size.GetDotsPerInch());
+    dc.SetSmooth(true);
+    Paint(plot, dc);
+    dc.SavePng(pszPath);
+}
+
+/// A format that is written while it is drawn.
+template <class DC>
+void DrawPage(COutputCurve& plot, const CPictureSize& size, const char* pszPath) {
+    DC dc(pszPath, size.GetWidthMm(), size.GetHeightMm());
+    Paint(plot, dc);
+    dc.Close();
+}
+
+void DrawWmf(COutputCurve& plot, const CPictureSize& size, const COutputFile& output) {
+    CImageDC dc(size.GetWidth(), size.GetHeight(), size.GetDotsPerInch());
+    dc.SetBkMode(TRANSPARENT);
+    if (!plot.Export(&dc, dc.GetClientRect(), output.GetTemporaryPath().c_str())) {
+        output.Fail(0);
+    }
+}
+
+void DrawTo(COutputCurve& plot, const CPictureSize& size, PictureFormat format, const COutputFile& output) {
+    const char* pszPath = output.GetTemporaryPath().c_str();
+    switch (format) {
+    case PictureFormat::Png:
+        return DrawPng(plot, size, pszPath);
+    case PictureFormat::Svg:
+        return DrawPage<CSvgDC>(plot, size, pszPath);
+    case PictureFormat::Pdf:
+        return DrawPage<CPdfDC>(plot, size, pszPath);
+    case PictureFormat::Wmf:
+        return DrawWmf(plot, size, output);
+    }
+}
+
+} // namespace
+
+PictureFormat FormatOfFile(const std::string& strPath) {
+    static constexpr struct {
+        const char* pszEnding;
+        PictureFormat format;
+    } formats[] = {{".png", PictureFormat::Png},
+                   {".svg", PictureFormat::Svg},
+                   {".pdf", PictureFormat::Pdf},
+                   {".wmf", PictureFormat::Wmf}};
+    CString strLower(strPath);
+    strLower.MakeLower();
+    for (const auto& format : formats) {
+        if (strLower.View().ends_with(format.pszEnding)) {
+            return format.format;
+        }
+    }
+    throw CInputError(strPath, 0, 0, "the name must end with .png, .svg, .pdf or .wmf");
+}
+
+void DrawPicture(COutputCurve& plot, const CPictureSize& size, const std::string& strPath) {
+    const PictureFormat format = FormatOfFile(strPath);
+    COutputFile output(strPath);
+    try {
+        DrawTo(plot, size, format, output);
+    } catch (const CFileException& error) {
+        output.Fail(error.m_lOsError); // names the target, not the temporary file
+    }
+    output.Commit();
+}
+
+} // namespace tessara

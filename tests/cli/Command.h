@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// What running the command gave.
+struct COMMANDRESULT {
+    int nExitCode; ///< -1 when a signal ended it
+    std::string strOutput;
+    std::string strErrors;
+};
+
+/// Runs the built command with these arguments, with an environment that has no display. A limit above 0 is
+/// the number of bytes that the command can write to a file.
+COMMANDRESULT RunCommand(const std::vector<std::string>& arguments, unsigned nMaxFileBytes = 0);
