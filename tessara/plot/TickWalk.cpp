@@ -9,7 +9,7 @@ CTickWalk::CTickWalk(const CHOOSESCALE& scale) : m_scale(scale) {
         return;
     }
     if (dTicks > MAX_TICKS) {
-        m_dStride = std::ceil(dTicks / MAX_TICKS);
+        m_dStride = std::ceil(dTicks / (MAX_TICKS - 1));
     }
     m_nCount = static_cast<int>(std::floor((dTicks - 1) / m_dStride)) + 1;
 }
