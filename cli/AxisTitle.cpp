@@ -3,15 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "tessara/platform/base/Text.h"
-
 namespace tessara {
-
-namespace {
-
-constexpr std::size_t MAX_TITLE_BYTES = 40;
-
-} // namespace
 
 std::string PlainIndexedText(std::string_view strPlain) {
     if (strPlain.empty()) {
@@ -25,14 +17,14 @@ std::string PlainIndexedText(std::string_view strPlain) {
     return strText + "~N";
 }
 
-std::string ArgumentTitle(std::span<const CColumnFile> files) {
+std::string ArgumentName(std::span<const CColumnFile> files) {
     const auto named = std::find_if(files.begin(), files.end(), [](const CColumnFile& file) {
         return !file.GetAbscissa().strName.empty();
     });
-    return named == files.end() ? std::string() : PlainIndexedText(named->GetAbscissa().strName);
+    return named == files.end() ? std::string() : named->GetAbscissa().strName;
 }
 
-std::string FunctionTitle(std::span<const CColumnFile> files) {
+std::string FunctionNames(std::span<const CColumnFile> files) {
     std::vector<std::string> names;
     for (const CColumnFile& file : files) {
         for (const COLUMN& column : file.GetFunctions()) {
@@ -46,8 +38,7 @@ std::string FunctionTitle(std::span<const CColumnFile> files) {
     for (const std::string& strName : names) {
         strTitle += (strTitle.empty() ? "" : ", ") + strName;
     }
-    const std::string_view strCut = CutText(strTitle, MAX_TITLE_BYTES);
-    return PlainIndexedText(std::string(strCut) + (strCut.size() < strTitle.size() ? "..." : ""));
+    return strTitle;
 }
 
 } // namespace tessara

@@ -1,22 +1,17 @@
 #include "cli/PlotCommand.h"
 
+#include "cli/AxisTitle.h"
 #include "cli/ColumnFile.h"
 #include "cli/InputError.h"
 #include "cli/Picture.h"
 #include "cli/PlotData.h"
 #include "cli/PlotScales.h"
+#include "cli/TitleRoom.h"
 #include "tessara/platform/base/Number.h"
-#include "tessara/platform/gdi/ImageDC.h"
-#include "tessara/plot/IndexedText.h"
 
 namespace tessara {
 
 namespace {
-
-/// The height of axis titles and, when the plot takes all the width, the room beside the end of the
-/// horizontal axis, in units of the page.
-constexpr int TITLE_SIZE = 166;
-constexpr int NARROW_ROOM = 310;
 
 CColumnChoice ChoiceOf(const char* pszOption, const std::optional<std::string>& list) {
     return list ? CColumnChoice(pszOption, *list) : CColumnChoice();
@@ -71,13 +66,10 @@ std::string Stem(const std::string& strPath) {
 void SetTexts(COutputCurve& plot, const PLOTOPTIONS& options, const CPlotData& data) {
     const std::string& strFile = options.files.empty() ? *options.symbols : options.files.front();
     plot.SetCurveName(options.name.value_or(Stem(strFile)).c_str());
-    const std::string strSymbol = options.symbol.value_or(data.GetFunctionSymbol());
-    if (options.symbol || !strSymbol.empty()) {
-        plot.SetCurveSymbol(strSymbol.c_str());
-    }
-    const std::string strArgument = options.argumentSymbol.value_or(data.GetArgumentSymbol());
-    if (options.argumentSymbol || !strArgument.empty()) {
-        plot.SetCurveArgument(strArgument.c_str());
+    if (options.argumentSymbol) {
+        plot.SetCurveArgument(options.argumentSymbol->c_str());
+    } else if (!data.GetArgumentName().empty()) {
+        plot.SetCurveArgument(PlainIndexedText(data.GetArgumentName()).c_str());
     }
     if (options.argumentName) {
         plot.SetArgumentName(options.argumentName->c_str());
@@ -92,18 +84,10 @@ void SetFormats(COutputCurve& plot, const PLOTOPTIONS& options) {
     plot.SetArgumentFormat(options.argumentFormat ? options.argumentFormat->c_str() : nullptr);
 }
 
-/// Text has the same width on every surface.
-int TitleWidth(const CString& strTitle) {
-    CImageDC dc(1, 1);
-    RECT rcTitle{};
-    GetIndexedTextExtent(&dc, strTitle, TITLE_SIZE, &rcTitle);
-    return rcTitle.right;
-}
-
 /// The room beside the plot holds the legend, and longer titles of the axes.
 bool NeedsSideRoom(const COutputCurve& plot, const CPlotData& data) {
     return data.GetNumCurves() > 1 || !plot.m_strSlideName.IsEmpty() ||
-           TitleWidth(plot.m_strCurveArgument) > NARROW_ROOM;
+           TitleWidth(plot.m_strCurveArgument) > NARROW_TITLE_ROOM;
 }
 
 void SetLook(COutputCurve& plot, const PLOTOPTIONS& options, const CPlotData& data) {
@@ -111,6 +95,18 @@ void SetLook(COutputCurve& plot, const PLOTOPTIONS& options, const CPlotData& da
     plot.m_bShowLegend = !options.bNoLegend && NeedsSideRoom(plot, data);
     plot.m_bShowCaption = !options.bNoCaption;
     plot.m_bMonochrome = options.bMonochrome;
+}
+
+/// Last: what room titles from the header have depends on the caption and the legend.
+void FitTitles(COutputCurve& plot, const PLOTOPTIONS& options, const CPlotData& data) {
+    if (options.symbol) {
+        plot.SetCurveSymbol(options.symbol->c_str());
+    } else if (!data.GetFunctionNames().empty()) {
+        plot.SetCurveSymbol(FitFunctionTitle(plot, data.GetFunctionNames()).c_str());
+    }
+    if (!options.argumentSymbol && !data.GetArgumentName().empty()) {
+        plot.SetCurveArgument(FitArgumentTitle(plot, data.GetArgumentName()).c_str());
+    }
 }
 
 void SetData(COutputCurve& plot, const CPlotData& data) {
@@ -137,6 +133,7 @@ void RunPlot(const PLOTOPTIONS& options) {
     SetFormats(plot, options);
     scales.ApplyTo(plot);
     SetLook(plot, options, data);
+    FitTitles(plot, options, data);
     DrawPicture(plot, size, options.strOutput);
 }
 

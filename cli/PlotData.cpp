@@ -145,8 +145,8 @@ CPlotData::CPlotData(const std::vector<CColumnFile>& curves, const std::optional
         m_pMultipartCurve = MakeFrame(*m_pSymbols);
     }
     const std::span<const CColumnFile> named = curves.empty() ? std::span(&*symbols, 1) : std::span(curves);
-    m_strArgumentSymbol = ArgumentTitle(named);
-    m_strFunctionSymbol = FunctionTitle(named);
+    m_strArgumentName = ArgumentName(named);
+    m_strFunctionNames = FunctionNames(named);
 }
 
 } // namespace tessara

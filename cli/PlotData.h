@@ -34,17 +34,18 @@ public:
     CMultiCurve* GetSymbols() const { return m_pSymbols.get(); }
     int GetNumCurves() const { return m_nCurves; }
 
-    /// Axis titles from the header lines, as indexed text; empty without a header.
-    const std::string& GetArgumentSymbol() const { return m_strArgumentSymbol; }
-    const std::string& GetFunctionSymbol() const { return m_strFunctionSymbol; }
+    /// From the header lines, empty without one: the abscissa's name, and those of the functions, joined.
+    /// Plain text.
+    const std::string& GetArgumentName() const { return m_strArgumentName; }
+    const std::string& GetFunctionNames() const { return m_strFunctionNames; }
 
 private:
     int m_nCurves = 0;
     std::unique_ptr<CMultiCurve> m_pMultiCurve;
     std::unique_ptr<CMultipartCurve> m_pMultipartCurve;
     std::unique_ptr<CMultiCurve> m_pSymbols;
-    std::string m_strArgumentSymbol;
-    std::string m_strFunctionSymbol;
+    std::string m_strArgumentName;
+    std::string m_strFunctionNames;
 };
 
 } // namespace tessara

@@ -12,7 +12,7 @@ one a curve. Lines that start with # are comments; the first other line may name
 are gaps.
 
 Indexed text: a tilde and a letter say how the text before them is drawn: ~N normal, ~H raised, ~L lowered, ~G Greek,
-~b bold, ~i italic, as in "c~G~N(T)~N".
+~b bold, ~i italic, as in "c~G(T)~N".
 
 Examples:
   tessara plot chi.txt -o chi.png

@@ -1,6 +1,7 @@
 #include "cli/PlotScales.h"
 
 #include "tessara/platform/base/Exception.h"
+#include "tessara/plot/TickWalk.h"
 
 namespace tessara {
 
@@ -30,6 +31,29 @@ void SetScale(COutputCurve& plot, PlotAxis axis, const char* pszOption,
     }
 }
 
+/// A fitted axis keeps the ticks of the round one, of which the first and the last may lie beyond its ends.
+void DropTicksBeyondEnds(CHOOSESCALE& scale) {
+    const CTickWalk walk(scale);
+    const CHOOSESCALE whole = scale;
+    for (int i = 0; i < walk.GetCount(); ++i) {
+        const double dTick = whole.dFirstTick + i * whole.dStep;
+        if (dTick < whole.dLower) {
+            scale.dFirstTick = dTick + whole.dStep;
+        } else if (dTick <= whole.dUpper) {
+            scale.dLastTick = dTick;
+        }
+    }
+}
+
+/// Lets the plot choose its scales and settles the vertical one without the ticks that it would draw beyond
+/// the frame.
+void SettleFittedFunctionAxis(COutputCurve& plot) {
+    CDC nowhere;
+    plot.Paint(&nowhere, {0, 0, 1, 1}, nullptr);
+    DropTicksBeyondEnds(plot.m_FunctionScale);
+    plot.m_nFlags |= OCF_CUSTOMFUNCTION;
+}
+
 } // namespace
 
 CPlotScales::CPlotScales(const PLOTOPTIONS& options) : m_nFitAxes(FitAxes(options.strFit)) {
@@ -54,6 +78,9 @@ void CPlotScales::ApplyTo(COutputCurve& plot) const {
     SetScale(plot, ARGUMENT_AXIS, "--x-scale", m_XScale);
     SetScale(plot, FUNCTION_AXIS, "--y-scale", m_YScale);
     plot.FitScale(m_nFitAxes);
+    if (m_nFitAxes & FUNCTION_AXIS) {
+        SettleFittedFunctionAxis(plot);
+    }
 }
 
 } // namespace tessara

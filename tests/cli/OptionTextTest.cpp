@@ -115,10 +115,10 @@ TEST(AxisTitle, NamesTheAxesByTheHeaders) {
         tessara::CColumnFile::Parse("1 2\n", "a", {}),
         tessara::CColumnFile::Parse("T,chi,phi\n1,2,3\n", "b", {}),
         tessara::CColumnFile::Parse("x,chi,a rather long name of a column that goes on\n1,2,3\n", "c", {})};
-    EXPECT_EQ(tessara::ArgumentTitle(files), "T~N");
-    EXPECT_EQ(tessara::FunctionTitle(std::span(files).first(1)), "");
-    EXPECT_EQ(tessara::FunctionTitle(std::span(files).first(2)), "chi, phi~N");
-    EXPECT_EQ(tessara::FunctionTitle(files), "chi, phi, a rather long name of a column...~N");
+    EXPECT_EQ(tessara::ArgumentName(files), "T");
+    EXPECT_EQ(tessara::FunctionNames(std::span(files).first(1)), "");
+    EXPECT_EQ(tessara::FunctionNames(std::span(files).first(2)), "chi, phi");
+    EXPECT_EQ(tessara::FunctionNames(files), "chi, phi, a rather long name of a column that goes on");
 }
 
 } // namespace

@@ -138,8 +138,8 @@ TEST(PlotData, WithoutCurvesHoldsTheSymbolsForTheAxesOnly) {
     EXPECT_EQ(data.GetMultipartCurve()->m_nPoints, 2);
     EXPECT_EQ(data.GetMultipartCurve()->m_nParts, 0);
     EXPECT_EQ(data.GetMultipartCurve()->GetNumColors(), 1);
-    EXPECT_EQ(data.GetArgumentSymbol(), "T~N");
-    EXPECT_EQ(data.GetFunctionSymbol(), "chi~N");
+    EXPECT_EQ(data.GetArgumentName(), "T");
+    EXPECT_EQ(data.GetFunctionNames(), "chi");
 }
 
 TEST(PlotData, KeepsSymbolsInAnyOrderWithoutRowsOfGaps) {

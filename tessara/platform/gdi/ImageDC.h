@@ -15,7 +15,8 @@ class TESSARA_API CImageDC : public CDC {
     DECLARE_DYNAMIC(CImageDC)
 
 public:
-    /// Size in pixels, at least 1 each. Throws CMemoryException when there is no memory for the image.
+    /// Size in pixels, at least 1 each; resolution as tessara::HoldResolution holds it. Throws
+    /// CMemoryException when there is no memory for the image.
     CImageDC(int nWidth, int nHeight, double dDotsPerInch = 96);
     ~CImageDC() override;
 

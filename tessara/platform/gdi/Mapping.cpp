@@ -49,8 +49,13 @@ LONG WithSign(double dMagnitude, LONG nSign) {
 
 } // namespace
 
+double HoldResolution(double dDotsPerInch) {
+    constexpr double MAX_RESOLUTION = 1e6;
+    return dDotsPerInch >= 1.0 ? std::min(dDotsPerInch, MAX_RESOLUTION) : 1.0;
+}
+
 CMapping::CMapping(double dDotsPerInchX, double dDotsPerInchY)
-    : m_dDotsPerInchX(dDotsPerInchX), m_dDotsPerInchY(dDotsPerInchY) {}
+    : m_dDotsPerInchX(HoldResolution(dDotsPerInchX)), m_dDotsPerInchY(HoldResolution(dDotsPerInchY)) {}
 
 bool CMapping::SetMode(int nMode) {
     switch (nMode) {

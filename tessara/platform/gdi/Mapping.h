@@ -11,6 +11,9 @@ enum MappingMode : int {
 
 namespace tessara {
 
+/// Dots per inch between 1 and a million; not-a-number becomes 1.
+TESSARA_API double HoldResolution(double dDotsPerInch);
+
 /// The map between the logical units of a program and the pixels of a device.
 ///
 /// A logical point maps to (point - window origin) * viewport extent / window extent + viewport origin,
@@ -18,7 +21,7 @@ namespace tessara {
 /// on all coordinates: what lies beyond MAX_COORDINATE is held there.
 class TESSARA_API CMapping {
 public:
-    /// Text mode on a device of the given dots per inch.
+    /// Text mode on a device of the given dots per inch, as HoldResolution holds them.
     explicit CMapping(double dDotsPerInchX = 96, double dDotsPerInchY = 96);
 
     int GetMode() const { return m_nMode; }

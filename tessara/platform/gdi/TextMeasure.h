@@ -14,7 +14,8 @@ inline constexpr const char* SYMBOL_FACE = "Symbol";
 TESSARA_API bool IsSymbolFont(const LOGFONT& font);
 
 /// The characters that the bytes of a text stand for when it is drawn in a font: by the Symbol encoding for
-/// the Symbol face, else as Text.h says.
+/// the Symbol face, else as Text.h says. Control characters, which have no shape and which an XML file cannot
+/// hold, become spaces.
 TESSARA_API std::u32string DecodeFor(const LOGFONT& font, std::string_view strBytes);
 
 /// Width and line height of a text in a font, in the font's logical units, rounded to the nearest integer.

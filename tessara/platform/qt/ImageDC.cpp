@@ -100,7 +100,8 @@ QByteArray EncodePng(const QImage& image) {
 } // namespace tessara
 
 CImageDC::CImageDC(int nWidth, int nHeight, double dDotsPerInch) {
-    Attach(std::make_unique<tessara::CImageSink>(std::max(nWidth, 1), std::max(nHeight, 1), dDotsPerInch));
+    Attach(std::make_unique<tessara::CImageSink>(std::max(nWidth, 1), std::max(nHeight, 1),
+                                                 tessara::HoldResolution(dDotsPerInch)));
 }
 
 CImageDC::~CImageDC() = default;

@@ -14,7 +14,8 @@ namespace tessara {
 
 namespace {
 
-/// How far from the origin lines are handed to Qt, in device units: beyond, its rasteriser loses precision.
+/// How far beyond the device lines are handed to Qt, in device units: farther, its rasteriser loses
+/// precision.
 constexpr LONG MAX_PIXEL = 16000;
 constexpr LONG MAX_VECTOR_UNIT = 1 << 22;
 constexpr std::size_t WIDE_PIECE = 16; ///< segments of a wide or smooth line drawn at a time
@@ -36,14 +37,19 @@ QList<qreal> DashPattern(UINT nStyle) {
     }
 }
 
-RECT Around(LONG nReach) {
-    return {-nReach, -nReach, nReach, nReach};
-}
-
 /// Too close for a smooth line to show the difference.
 bool IsNear(QPointF a, QPointF b) {
     constexpr double SEEN = 0.2; // pixels
     return std::abs(a.x() - b.x()) < SEEN && std::abs(a.y() - b.y()) < SEEN;
+}
+
+LONG Sum(LONG nA, LONG nB) {
+    return ToCoordinate(static_cast<double>(nA) + nB);
+}
+
+/// False for an outline inside an empty rectangle.
+bool HasPixels(const QRectF& shape) {
+    return shape.width() >= 0 && shape.height() >= 0;
 }
 
 bool IsStraight(std::span<const POINT> points) {
@@ -183,16 +189,36 @@ void CPainterSink::DrawRun(const std::vector<POINT_TYPE>& points, std::size_t nP
     }
 }
 
+/// Pieces of a line may lie on each other: no dashes go along it and no inversion is undone.
+bool CPainterSink::MayOverlap() const {
+    return m_painter.pen().style() == Qt::SolidLine &&
+           m_painter.compositionMode() == QPainter::CompositionMode_SourceOver;
+}
+
+bool CPainterSink::IsHairline() const {
+    return m_painter.pen().widthF() <= 1 && MayOverlap();
+}
+
 std::size_t CPainterSink::GetPieceLength() const {
-    const QPen& pen = m_painter.pen();
-    const bool bThin = pen.widthF() <= 1 && !m_painter.testRenderHint(QPainter::Antialiasing);
-    return IsVector() || bThin || pen.style() != Qt::SolidLine ? 0 : WIDE_PIECE;
+    return IsVector() || !MayOverlap() ? 0 : WIDE_PIECE;
+}
+
+LONG CPainterSink::GetReach() const {
+    return IsVector() ? MAX_VECTOR_UNIT : MAX_PIXEL + std::max(m_caps.size.cx, m_caps.size.cy);
+}
+
+QPointF CPainterSink::Hold(QPointF point) const {
+    const double dReach = GetReach();
+    return {std::clamp(point.x(), -dReach, dReach), std::clamp(point.y(), -dReach, dReach)};
 }
 
 void CPainterSink::DrawExactly(const CDrawState& state, std::span<const POINT> points) {
-    const double dReach = IsVector() ? MAX_VECTOR_UNIT : MAX_PIXEL;
-    const LONG nReach = ToCoordinate(dReach / std::max(state.mapping.GetScaleX(), state.mapping.GetScaleY()));
-    ClipPolyline(points, Around(nReach), [&](std::span<const POINT> piece) {
+    const LONG nReach = GetReach();
+    const POINT near = state.mapping.ToLogical(POINT{-nReach, -nReach});
+    const POINT far = state.mapping.ToLogical(POINT{nReach, nReach});
+    CRect reach(near.x, near.y, far.x, far.y);
+    reach.NormalizeRect();
+    ClipPolyline(points, reach, [&](std::span<const POINT> piece) {
         m_exactPoints.clear();
         for (const POINT& point : piece) {
             const QPointF mapped = MapExactly(state, point);
@@ -206,7 +232,12 @@ void CPainterSink::DrawExactly(const CDrawState& state, std::span<const POINT> p
 }
 
 void CPainterSink::DrawInPixels(std::span<const POINT> points) {
-    ClipPolyline(points, Around(MAX_PIXEL), [&](std::span<const POINT> piece) {
+    const LONG nReach = GetReach();
+    ClipPolyline(points, {-nReach, -nReach, nReach, nReach}, [&](std::span<const POINT> piece) {
+        if (piece.size() > 1 && IsHairline()) {
+            DrawSegments(piece);
+            return;
+        }
         m_pixels.clear();
         for (const POINT& point : piece) {
             m_pixels.emplace_back(point.x, point.y);
@@ -215,14 +246,20 @@ void CPainterSink::DrawInPixels(std::span<const POINT> points) {
     });
 }
 
+/// Qt's polyline of one-pixel lines misses pixels at some of its points, and which ones depends on the points
+/// around them. Single segments cover both their ends, so merged points change nothing.
+void CPainterSink::DrawSegments(std::span<const POINT> points) {
+    m_segments.clear();
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        m_segments.emplace_back(points[i - 1].x, points[i - 1].y, points[i].x, points[i].y);
+    }
+    m_painter.drawLines(m_segments.data(), static_cast<int>(m_segments.size()));
+}
+
 QRectF CPainterSink::MapShape(const CDrawState& state, const RECT& rect) const {
-    const double dReach = IsVector() ? MAX_VECTOR_UNIT : MAX_PIXEL;
-    const auto hold = [dReach](QPointF point) {
-        return QPointF(std::clamp(point.x(), -dReach, dReach), std::clamp(point.y(), -dReach, dReach));
-    };
     if (IsVector()) {
-        return QRectF(hold(MapExactly(state, {rect.left, rect.top})),
-                      hold(MapExactly(state, {rect.right, rect.bottom})))
+        return QRectF(Hold(MapExactly(state, {rect.left, rect.top})),
+                      Hold(MapExactly(state, {rect.right, rect.bottom})))
             .normalized();
     }
     CRect pixels(state.mapping.ToDevice(POINT{rect.left, rect.top}).x,
@@ -232,8 +269,8 @@ QRectF CPainterSink::MapShape(const CDrawState& state, const RECT& rect) const {
     pixels.NormalizeRect();
     // An outline runs along the last pixels that belong to the shape; without one the fill covers them.
     const int nOutline = state.pen.lopnStyle == PS_NULL ? 0 : 1;
-    return QRectF(hold(QPointF(pixels.left, pixels.top)),
-                  hold(QPointF(pixels.right - nOutline, pixels.bottom - nOutline)));
+    return QRectF(Hold(QPointF(pixels.left, pixels.top)),
+                  Hold(QPointF(pixels.right - nOutline, pixels.bottom - nOutline)));
 }
 
 bool CPainterSink::PrepareShape(const CDrawState& state, bool bSmooth) {
@@ -256,25 +293,43 @@ void CPainterSink::Polygon(const CDrawState& state, std::span<const POINT> point
     if (!PrepareShape(state, m_eStyle != Style::pixels)) {
         return;
     }
-    const double dReach = IsVector() ? MAX_VECTOR_UNIT : MAX_PIXEL;
     QPolygonF polygon;
     for (const POINT& point : points) {
         const POINT device = state.mapping.ToDevice(point);
-        const QPointF mapped = IsVector() ? MapExactly(state, point) : QPointF(device.x, device.y);
-        polygon << QPointF(std::clamp(mapped.x(), -dReach, dReach), std::clamp(mapped.y(), -dReach, dReach));
+        polygon << Hold(IsVector() ? MapExactly(state, point) : QPointF(device.x, device.y));
     }
     m_painter.drawPolygon(polygon);
 }
 
 void CPainterSink::Rectangle(const CDrawState& state, const RECT& rect) {
-    if (PrepareShape(state, IsVector())) {
-        m_painter.drawRect(MapShape(state, rect));
+    const QRectF shape = MapShape(state, rect);
+    if (!HasPixels(shape) || !PrepareShape(state, IsVector())) {
+        return;
+    }
+    if (shape.isNull()) {
+        m_painter.drawPoint(shape.topLeft());
+    } else {
+        m_painter.drawRect(shape);
     }
 }
 
 void CPainterSink::Ellipse(const CDrawState& state, const RECT& rect) {
-    if (PrepareShape(state, m_eStyle != Style::pixels)) {
-        m_painter.drawEllipse(MapShape(state, rect));
+    if (m_eStyle == Style::pixels && state.pen.lopnStyle == PS_NULL && state.brush.lbStyle != BS_NULL &&
+        state.nRasterOperation == R2_COPYPEN) {
+        // Qt's fill alone leaves out the top row of pixels; an outline covers it.
+        CDrawState outlined = state;
+        outlined.pen = {PS_SOLID, {0, 0}, state.brush.lbColor};
+        Ellipse(outlined, rect);
+        return;
+    }
+    const QRectF shape = MapShape(state, rect);
+    if (!HasPixels(shape) || !PrepareShape(state, m_eStyle != Style::pixels)) {
+        return;
+    }
+    if (shape.isNull()) {
+        m_painter.drawPoint(shape.topLeft());
+    } else {
+        m_painter.drawEllipse(shape);
     }
 }
 
@@ -299,7 +354,8 @@ void CPainterSink::Text(const CDrawState& state, POINT origin, std::string_view 
     const QString strText = QString::fromStdU32String(DecodeFor(state.font, strBytes));
     if (state.nBackMode == OPAQUE) {
         const SIZE size = MeasureText(state.font, strBytes);
-        FillRect(state, {origin.x, origin.y, origin.x + size.cx, origin.y + size.cy}, state.backColor);
+        const RECT cell{origin.x, origin.y, Sum(origin.x, size.cx), Sum(origin.y, size.cy)};
+        FillRect(state, cell, state.backColor);
     }
     const double dScale = state.mapping.GetScaleY();
     const double dEm = face.GetEm(state.font.lfHeight) * dScale;

@@ -41,7 +41,13 @@ private:
     void DrawInPixels(std::span<const POINT> points);
     template <class POINT_TYPE>
     void DrawRun(const std::vector<POINT_TYPE>& points, std::size_t nPiece);
+    void DrawSegments(std::span<const POINT> points);
+    bool MayOverlap() const;
+    bool IsHairline() const;
     std::size_t GetPieceLength() const;
+    /// The farthest coordinate that is handed to Qt, in device units, and a point held within it.
+    LONG GetReach() const;
+    QPointF Hold(QPointF point) const;
     void SetSmooth(bool bSmooth);
     bool IsVector() const { return m_eStyle == Style::vector; }
 
@@ -51,6 +57,7 @@ private:
     std::vector<POINT> m_points; ///< scratch, kept for its memory
     std::vector<QPointF> m_exactPoints;
     std::vector<QPoint> m_pixels;
+    std::vector<QLine> m_segments;
 };
 
 QColor ToQColor(COLORREF color);

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int CURVE_WIDTH =
     12; ///< page units: one pixel in a window of 800 x 575, 0.4 mm on a page 160 mm wide
+constexpr int DOT_WIDTH = 40; ///< of a curve of one point, which would be lost on a grid line
 constexpr std::array<COLORREF, 6> DEFAULT_PALETTE{0x0000FF, 0xFF0000, 0x00FF00, 0xFFFF00, 0xFF00FF, 0x00FFFF};
 /// Curves are dashed within the space that a metafile can hold.
 constexpr RECT DASHED_SPACE{-32768, -32768, 32767, 32767};
@@ -31,7 +32,8 @@ void DrawDashed(CDC& dc, std::span<const POINT> points, int nStyle) {
 }
 
 void DrawCurve(CDC& dc, std::span<const POINT> points, int nStyle, COLORREF color, bool bStippled) {
-    CPen pen(PS_SOLID, CURVE_WIDTH, bStippled ? 0 : color);
+    const int nWidth = points.size() == 1 ? DOT_WIDTH : CURVE_WIDTH;
+    CPen pen(PS_SOLID, nWidth, bStippled ? 0 : color);
     CPen* pOldPen = dc.SelectObject(&pen);
     if (bStippled) {
         DrawDashed(dc, points, nStyle);
