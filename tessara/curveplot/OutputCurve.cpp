@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 
-#include "tessara/curveplot/DataRange.h"
 #include "tessara/numeric/Lookup.h"
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/StringResources.h"
+#include "tessara/plot/CustomScale.h"
+#include "tessara/plot/DataRange.h"
+#include "tessara/plot/ResourceFields.h"
 
 IMPLEMENT_DYNAMIC(COutputCurve, CObject)
 
@@ -14,42 +16,10 @@ namespace {
 
 constexpr int ARGUMENT_AXIS = 1;
 constexpr int FUNCTION_AXIS = 2;
-constexpr int MAX_EXPONENT = 8;
 constexpr const char* DEFAULT_FORMAT = "%.2lf";
 constexpr DWORD CUSTOM_FLAGS = OCF_CUSTOMARGUMENT | OCF_CUSTOMFUNCTION;
 constexpr DWORD FIT_FLAGS = OCF_FITARGUMENT | OCF_FITFUNCTION;
 constexpr std::array<COLORREF, 6> COLORS{0x0000FF, 0xFF0000, 0x00FF00, 0xFFFF00, 0xFF00FF, 0x00FFFF};
-
-/// The lines of a resource string, taken one by one.
-class CFields {
-public:
-    explicit CFields(const char* pszText) : m_strRest(pszText) {}
-
-    bool HasMore() const { return m_strRest.Find('\n') >= 0; }
-    /// The text before the next newline, or nothing when there is none.
-    CString Take() {
-        const int nEnd = m_strRest.Find('\n');
-        const CString strField = m_strRest.Left(std::max(nEnd, 0));
-        m_strRest = m_strRest.Mid(nEnd + 1);
-        return strField;
-    }
-    /// The text up to the next newline or the end.
-    CString TakeOrRest() { return HasMore() ? Take() : m_strRest; }
-
-private:
-    CString m_strRest;
-};
-
-double PowerOfTen(int nExponent) {
-    double dPower = 1.0;
-    for (int i = 0; i < nExponent; ++i) {
-        dPower *= 10;
-    }
-    for (int i = 0; i > nExponent; --i) {
-        dPower /= 10;
-    }
-    return dPower;
-}
 
 } // namespace
 
@@ -207,7 +177,7 @@ void COutputCurve::LoadResourceString(UINT nID) {
     if (!pszText) {
         AfxThrowResourceException();
     }
-    CFields fields(pszText);
+    tessara::CResourceFields fields(pszText);
     m_strCurveName = fields.Take();
     m_strCurveSymbol = fields.Take();
     m_strArgumentName = fields.Take();
@@ -224,21 +194,14 @@ void COutputCurve::LoadResourceString(UINT nID) {
 }
 
 int COutputCurve::UseCustomScale(int nAxis, double dFrom, double dTo, double dStep, int nExponent) {
+    const tessara::CCustomScale custom{dFrom, dTo, dStep, nExponent};
     const bool bArgument = (nAxis & ARGUMENT_AXIS) != 0;
     const bool bFunction = (nAxis & FUNCTION_AXIS) != 0;
-    const bool bUsable = dFrom < dTo && dStep > 0 && nExponent >= -MAX_EXPONENT && nExponent <= MAX_EXPONENT;
-    if (bArgument == bFunction || !bUsable) {
+    if (bArgument == bFunction || !custom.IsUsable()) {
         return 0;
     }
     m_nFlags |= bArgument ? OCF_CUSTOMARGUMENT : OCF_CUSTOMFUNCTION;
-    CHOOSESCALE& scale = bArgument ? m_ArgumentScale : m_FunctionScale;
-    scale.dUpper = dTo;
-    scale.dLastTick = dTo;
-    scale.dLower = dFrom;
-    scale.dFirstTick = dFrom;
-    scale.dStep = dStep;
-    scale.nExponent = nExponent;
-    scale.dFactor = PowerOfTen(nExponent);
+    custom.ApplyTo(bArgument ? m_ArgumentScale : m_FunctionScale);
     return 1;
 }
 

@@ -13,6 +13,7 @@
 #include "tessara/plot/PlotArea.h"
 #include "tessara/plot/PlotMap.h"
 #include "tessara/plot/PlotText.h"
+#include "tessara/plot/SavedState.h"
 
 using tessara::CCanvas;
 using tessara::CPlotArea;
@@ -54,24 +55,11 @@ bool ReservePoints(std::vector<POINT>& buffer, int nPoints) {
     return true;
 }
 
-/// The surface's state, restored at the end.
-class CSavedState {
-public:
-    explicit CSavedState(CDC& dc) : m_dc(dc), m_nSaved(dc.SaveDC()) {}
-    ~CSavedState() { m_dc.RestoreDC(m_nSaved); }
-    CSavedState(const CSavedState&) = delete;
-    CSavedState& operator=(const CSavedState&) = delete;
-
-private:
-    CDC& m_dc;
-    const int m_nSaved;
-};
-
 } // namespace
 
 int COutputCurve::Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {
     FindBoundingBox();
-    const CSavedState saved(*pDC);
+    const tessara::CSavedState saved(*pDC);
     m_rcClient = rc;
     CenterDC(pDC, m_rcClient);
     const CPlotArea area = CPlotArea::ForLegend(m_bShowLegend != 0);
