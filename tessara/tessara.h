@@ -47,6 +47,7 @@
 #include "tessara/platform/vellum/Stippled.h"
 #include "tessara/plot/Canvas.h"
 #include "tessara/plot/ChooseScale.h"
+#include "tessara/plot/CustomScale.h"
 #include "tessara/plot/IndexedText.h"
 #include "tessara/plot/Page.h"
 #include "tessara/plot/PlaceableMetafile.h"

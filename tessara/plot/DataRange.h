@@ -12,9 +12,15 @@ class CDataRange {
 public:
     void Add(const double* pValues, int nCount) {
         for (int i = 0; i < nCount; ++i) {
-            if (std::isfinite(pValues[i])) {
-                Widen(pValues[i]);
-            }
+            Add(pValues[i]);
+        }
+    }
+
+    void Add(double dValue) {
+        if (std::isfinite(dValue)) {
+            m_dMin = m_bEmpty ? dValue : std::min(m_dMin, dValue);
+            m_dMax = m_bEmpty ? dValue : std::max(m_dMax, dValue);
+            m_bEmpty = false;
         }
     }
 
@@ -27,12 +33,6 @@ public:
     }
 
 private:
-    void Widen(double dValue) {
-        m_dMin = m_bEmpty ? dValue : std::min(m_dMin, dValue);
-        m_dMax = m_bEmpty ? dValue : std::max(m_dMax, dValue);
-        m_bEmpty = false;
-    }
-
     double m_dMin = 0;
     double m_dMax = 0;
     bool m_bEmpty = true;

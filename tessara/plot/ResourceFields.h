@@ -21,6 +21,8 @@ public:
     }
     /// The text up to the next line feed or the end.
     CString TakeOrRest() { return HasMore() ? Take() : m_strRest; }
+    /// All that is left.
+    const CString& GetRest() const { return m_strRest; }
 
 private:
     CString m_strRest;
