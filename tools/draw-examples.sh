@@ -27,7 +27,7 @@ draw chi-composition --symbols ps_cyclohexane_chi_phi2.txt --symbols-columns phi
 draw critical-temperature ps_cyclohexane_critical_fit.txt \
     --symbols ps_cyclohexane_critical.txt --symbols-columns N_root,T_C \
     --name "Polystyrene in cyclohexane, critical temperature" \
-    --symbol "T~Nc~L, °C~N" --argument-symbol "N~N–1/2~H" --no-legend
+    --symbol "T~Nc~L, °C~N" --argument-symbol "N~N-1/2~H" --no-legend
 
 cd "$pictures"
 echo "Drawn in $pictures:"

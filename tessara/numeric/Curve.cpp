@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "tessara/numeric/Lookup.h"
+#include "tessara/numeric/Piecewise.h"
 #include "tessara/numeric/Storage.h"
 
 IMPLEMENT_DYNAMIC(CCurve, CObject)
@@ -20,10 +20,7 @@ double Interpolate(const double* pX, const double* pY, int nFirst, int nLast, do
     }
     // At the second abscissa the first interval is used, though the search would find the second one.
     const int i = x <= pX[nFirst + 1] ? nFirst : tessara::FindInterval(pX, nFirst, nLast, x);
-    if (pX[i + 1] == pX[i]) {
-        return pY[i];
-    }
-    return ((x - pX[i]) * (pY[i + 1] - pY[i])) / (pX[i + 1] - pX[i]) + pY[i];
+    return tessara::CLinearPiece{pX, pY}(i, x);
 }
 
 } // namespace
@@ -70,6 +67,10 @@ double CCurve::Value(double x, int nFirst, int nLast) const {
         return m_pY[nFirst];
     }
     return m_nPoints < 2 ? m_pY[0] : Interpolate(m_pX, m_pY, nFirst, nLast, x);
+}
+
+void CCurve::Values(const double* x, double* y, int n) const {
+    tessara::EvaluateAll({m_nPoints, m_pX, m_pY}, tessara::CLinearPiece{m_pX, m_pY}, x, y, n);
 }
 
 double LinearInterpolation(double x, double y1, double y2, double x1, double x2) {

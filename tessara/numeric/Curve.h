@@ -39,6 +39,10 @@ public:
     double Value(double x) const;
     /// The same over the points nFirst to nLast alone; m_pY[nFirst] when nFirst > nLast.
     double Value(double x, int nFirst, int nLast) const;
+    /// Value at each of n abscissae, to the last bit. Quickest when they ascend (one sweep over the points);
+    /// otherwise many searches run at once. y may be x. Throws nothing. Where the curve's own abscissae are
+    /// not in order, the two may differ.
+    void Values(const double* x, double* y, int n) const;
 
     int m_nPoints;
     double* m_pX;  ///< abscissae; null when an owning curve has no points

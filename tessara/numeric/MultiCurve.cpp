@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstdint>
 
+#include "tessara/numeric/Curve.h"
 #include "tessara/numeric/Storage.h"
 #include "tessara/platform/base/Archive.h"
 
@@ -97,6 +98,10 @@ double CMultiCurve::Min(int nColumn) const {
 
 double CMultiCurve::Max(int nColumn) const {
     return tessara::MaxValue(m_ppY[nColumn], m_nPoints);
+}
+
+void CMultiCurve::Values(int nColumn, const double* x, double* y, int n) const {
+    CCurve(m_nPoints, m_pX, m_ppY[nColumn]).Values(x, y, n);
 }
 
 CMultiCurve& CMultiCurve::operator=(CMultiCurve& src) {

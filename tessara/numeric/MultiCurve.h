@@ -36,6 +36,10 @@ public:
     /// The largest ordinate of a column, likewise.
     double Max(int nColumn) const;
 
+    /// A column at each of n abscissae, read as a curve: to the last bit what CCurve::Value gives over the
+    /// abscissae and that column. NaN without points. y may be x.
+    void Values(int nColumn, const double* x, double* y, int n) const;
+
     /// Copies the shape and all values. A source without columns gives its column count alone.
     CMultiCurve& operator=(CMultiCurve& src);
 

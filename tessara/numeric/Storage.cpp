@@ -1,6 +1,7 @@
 #include "tessara/numeric/Storage.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
 
 namespace tessara {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 #include <memory>
@@ -9,6 +10,7 @@
 #include <utility>
 
 #include "tessara/platform/base/Exception.h"
+#include "tessara/platform/base/LargePages.h"
 
 // Memory of the containers: arrays from malloc, realloc and free, which can be resized in place. A failure
 // and a count that cannot be (negative, or more bytes than an object can have) throw CMemoryException. An
@@ -20,7 +22,7 @@ namespace tessara {
 /// Resizes an array, keeping the leading values; the others are undefined. A null array is allocated. When it
 /// fails, the array is as it was.
 template <class TYPE>
-void ResizeArray(TYPE*& pArray, int nCount) {
+void ResizeArray(TYPE*& pArray, std::int64_t nCount) {
     static_assert(std::is_trivially_copyable_v<TYPE>);
     if (nCount < 0 ||
         static_cast<std::size_t>(nCount) > std::numeric_limits<std::ptrdiff_t>::max() / sizeof(TYPE)) {
@@ -41,6 +43,23 @@ void ResizeArray(TYPE*& pArray, int nCount) {
 template <class TYPE>
 void ReleaseArray(TYPE*& pArray) {
     std::free(std::exchange(pArray, nullptr));
+}
+
+struct CFreeArray {
+    void operator()(void* pArray) const { std::free(pArray); }
+};
+
+/// An array that a function works with and releases when it is done.
+template <class TYPE>
+using CScratchArray = std::unique_ptr<TYPE[], CFreeArray>;
+
+/// A new array, undefined.
+template <class TYPE>
+CScratchArray<TYPE> NewScratchArray(std::int64_t nCount) {
+    TYPE* pArray = nullptr;
+    ResizeArray(pArray, nCount);
+    PreferLargePages(pArray, static_cast<std::size_t>(nCount) * sizeof(TYPE));
+    return CScratchArray<TYPE>(pArray);
 }
 
 /// nCount + nMore as the size of an array.

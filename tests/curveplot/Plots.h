@@ -14,7 +14,6 @@ namespace tessara {
 class CTestPlot : public COutputCurve {
 public:
     using COutputCurve::operator=;
-    using COutputCurve::CurveColor;
     using COutputCurve::CurveFromColor;
     using COutputCurve::FindBoundingBox;
 };

@@ -1,16 +1,16 @@
 #include "tessara/platform/gdi/PolylineReduction.h"
 
 #include <algorithm>
-#include <climits>
+#include <array>
 #include <random>
 
-#include <gmock/gmock.h>
+#include <QPainter>
 #include <gtest/gtest.h>
 
-using tessara::ClipPolyline;
+#include "tessara/plot/Page.h"
+#include "tests/gdi/Surfaces.h"
+
 using tessara::MergeColumns;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
@@ -23,50 +23,60 @@ Points Merged(Points points) {
 
 std::vector<Points> Clipped(const Points& points, const RECT& box) {
     std::vector<Points> pieces;
-    ClipPolyline(points, box,
-                 [&](std::span<const POINT> piece) { pieces.emplace_back(piece.begin(), piece.end()); });
+    tessara::ClipPolyline(
+        points, box, [&](std::span<const POINT> piece) { pieces.emplace_back(piece.begin(), piece.end()); });
     return pieces;
 }
 
-/// Walks that often stay in their column or on their point.
-Points RandomWalk(unsigned nSeed) {
-    std::mt19937 random(nSeed);
-    std::uniform_int_distribution<int> step(-3, 3);
-    const int nMoveOneIn = 1 + static_cast<int>(nSeed % 7);
-    Points points(1 + random() % 200, POINT{0, 0});
+/// A line whose next point is up to a step away from the last one on each axis; most points stay in their
+/// column where the step along x is small, and huge steps leave every page and window.
+Points Walk(std::mt19937& random, std::size_t nPoints, int nColumnStep, int nStep) {
+    std::uniform_int_distribution<int> x(-nColumnStep, nColumnStep), y(-nStep, nStep);
+    Points points(nPoints, POINT{2500, 1800});
     for (std::size_t i = 1; i < points.size(); ++i) {
-        const bool bMove = random() % static_cast<unsigned>(nMoveOneIn) == 0;
-        points[i] = {points[i - 1].x + (bMove ? step(random) : 0), points[i - 1].y + step(random)};
+        points[i] = {points[i - 1].x + x(random), points[i - 1].y + y(random)};
     }
     return points;
 }
 
-/// Lowest and highest y of each run of points in one column.
+/// Column, lowest and highest y of each run of points in one column.
 std::vector<std::array<LONG, 3>> Runs(const Points& points) {
     std::vector<std::array<LONG, 3>> runs;
-    for (const POINT& point : points) {
-        if (runs.empty() || runs.back()[0] != point.x) {
-            runs.push_back({point.x, point.y, point.y});
+    for (const auto& [x, y] : points) {
+        if (runs.empty() || runs.back()[0] != x) {
+            runs.push_back({x, y, y});
         }
-        runs.back()[1] = std::min(runs.back()[1], point.y);
-        runs.back()[2] = std::max(runs.back()[2], point.y);
+        runs.back() = {x, std::min(runs.back()[1], y), std::max(runs.back()[2], y)};
     }
     return runs;
 }
 
 bool IsSubsequence(const Points& part, const Points& whole) {
-    auto at = whole.begin();
-    return std::all_of(part.begin(), part.end(), [&](const POINT& point) {
-        at = std::find(at, whole.end(), point);
-        return at != whole.end() && at++ != whole.end();
-    });
+    auto next = part.begin();
+    for (const POINT& point : whole) {
+        next += next != part.end() && *next == point;
+    }
+    return next == part.end();
+}
+
+/// The segments between all points handed to Qt, as one-pixel lines.
+QImage DrawUnmerged(const CDC& dc, Points points, QImage image) {
+    QPainter painter(&image);
+    painter.setPen(QPen(QColor(0, 0, 255), 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    dc.LPtoDP(points.data(), static_cast<int>(points.size()));
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const POINT from = points[i == 0 ? 0 : i - 1];
+        painter.drawLine(from.x, from.y, points[i].x, points[i].y);
+    }
+    return image;
 }
 
 } // namespace
 
 TEST(MergeColumns, KeepsEndsAndExtremesOfEveryRunAndNoMore) {
     for (unsigned nSeed = 0; nSeed < 500; ++nSeed) {
-        const Points whole = RandomWalk(nSeed);
+        std::mt19937 random(nSeed);
+        const Points whole = Walk(random, 1 + random() % 200, static_cast<int>(nSeed % 4), 3);
         const Points kept = Merged(whole);
         ASSERT_TRUE(IsSubsequence(kept, whole)) << nSeed;
         ASSERT_EQ(kept.front(), whole.front()) << nSeed;
@@ -78,61 +88,41 @@ TEST(MergeColumns, KeepsEndsAndExtremesOfEveryRunAndNoMore) {
     }
 }
 
-TEST(MergeColumns, KeepsTheOrderInsideAColumn) {
-    EXPECT_EQ(Merged({{5, 3}}), (Points{{5, 3}}));
-    EXPECT_EQ(Merged({{5, 3}, {5, 3}}), (Points{{5, 3}}));
-    EXPECT_EQ(Merged({{5, 3}, {6, 3}}), (Points{{5, 3}, {6, 3}}));
-    EXPECT_EQ(Merged({{5, 3}, {5, 9}, {5, 4}, {5, 1}, {5, 2}}), (Points{{5, 3}, {5, 9}, {5, 1}, {5, 2}}));
-    EXPECT_EQ(Merged({{5, 3}, {5, 1}, {5, 2}, {5, 9}}), (Points{{5, 3}, {5, 1}, {5, 9}}));
-    EXPECT_EQ(Merged({{5, 3}, {6, 0}, {5, 3}}), (Points{{5, 3}, {6, 0}, {5, 3}}));
-}
-
-TEST(MergeColumns, OfNothingIsNothing) {
-    EXPECT_EQ(MergeColumns({}), 0U);
-}
-
-TEST(ClipPolyline, HandsOutInsideLinesAsTheyAre) {
-    for (const Points& inside : {Points{{0, 0}, {9, 9}, {9, 9}, {0, 9}}, Points{{4, 4}}}) {
-        EXPECT_THAT(Clipped(inside, {0, 0, 9, 9}), ElementsAre(inside));
-    }
-}
-
-TEST(ClipPolyline, CutsAtTheEdges) {
-    constexpr RECT box{0, 0, 10, 10};
-    const struct {
-        Points line;
-        std::vector<Points> pieces;
-    } cases[] = {
-        {{{-10, 5}, {20, 5}}, {{{0, 5}, {10, 5}}}},
-        {{{-10, -10}, {20, 20}}, {{{0, 0}, {10, 10}}}},
-        {{{5, 5}, {5, 25}, {9, 25}, {9, 5}}, {{{5, 5}, {5, 10}}, {{9, 10}, {9, 5}}}},
-        {{{5, 5}, {15, 5}, {5, 5}}, {{{5, 5}, {10, 5}, {5, 5}}}},
-        {{{-5, 11}, {15, 11}}, {}},
-        {{{11, 0}, {11, 0}}, {}},
-        {{{12, 3}}, {}},
-        {{{-1, 11}, {-1, -1}, {11, -1}}, {}},
-        {{{-5, 10}, {15, 10}}, {{{0, 10}, {10, 10}}}},
-        {{{INT_MIN, INT_MIN}, {INT_MAX, INT_MAX}}, {{{0, 0}, {10, 10}}}},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Clipped(c.line, box), c.pieces) << "from " << c.line.front().x << "," << c.line.front().y;
-    }
-}
-
 TEST(ClipPolyline, KeepsEveryInsidePointAndNothingOutside) {
-    constexpr RECT box{-8, -20, 12, 15};
+    constexpr RECT box{2492, 1780, 2512, 1815};
     const auto isInside = [&](POINT point) {
         return point.x >= box.left && point.x <= box.right && point.y >= box.top && point.y <= box.bottom;
     };
     for (unsigned nSeed = 0; nSeed < 500; ++nSeed) {
-        const Points whole = RandomWalk(nSeed);
+        std::mt19937 random(nSeed);
+        const Points whole = Walk(random, 1 + random() % 200, static_cast<int>(nSeed % 4), 3);
         Points handed, inside;
         for (const Points& piece : Clipped(whole, box)) {
-            ASSERT_THAT(piece, testing::Not(IsEmpty())) << nSeed;
             handed.insert(handed.end(), piece.begin(), piece.end());
         }
         std::copy_if(whole.begin(), whole.end(), std::back_inserter(inside), isInside);
         ASSERT_TRUE(std::all_of(handed.begin(), handed.end(), isInside)) << nSeed;
         ASSERT_TRUE(IsSubsequence(inside, handed)) << nSeed;
+    }
+}
+
+TEST(PixelLine, CoversWhatTheUnmergedLineCovers) {
+    std::mt19937 random(7);
+    for (const SIZE size : {SIZE{800, 575}, SIZE{1600, 1150}, SIZE{801, 577}, SIZE{333, 97}}) {
+        for (int i = 0; i < 160; ++i) {
+            CImageDC dc(size.cx, size.cy);
+            RECT rc = dc.GetClientRect();
+            CenterDC(&dc, rc);
+            const QImage blank = ImageOf(dc);
+            const Points points = i % 4 == 0   ? Walk(random, 4000, 2, 1000)
+                                  : i % 4 == 1 ? Walk(random, 3000, 40, 40)
+                                  : i % 4 == 2 ? Walk(random, 2 + random() % 30, 9000, 9000)
+                                               : Walk(random, 1 + random() % 6, 2, 20);
+            CPen pen(PS_SOLID, 12 * 575 / size.cy / 2, RGB(0, 0, 255));
+            dc.SelectObject(&pen);
+            dc.Polyline(points.data(), static_cast<int>(points.size()));
+            ASSERT_EQ(ImageOf(dc), DrawUnmerged(dc, points, blank))
+                << size.cx << " x " << size.cy << ", line " << i << " of " << points.size() << " points";
+        }
     }
 }

@@ -1,9 +1,15 @@
 #pragma once
 
+#include <functional>
+
 #include <QImage>
+#include <gtest/gtest.h>
 
 #include "tessara/platform/gdi/ImageDC.h"
+#include "tessara/platform/gdi/MetaFileDC.h"
+#include "tessara/platform/gdi/MetafileRecorder.h"
 #include "tessara/platform/qt/PainterSink.h"
+#include "tests/support/MetafileReader.h"
 
 inline void SelectFont(CDC& dc, LONG nHeight, const char* pszFace) {
     CFont font;
@@ -34,4 +40,16 @@ inline int CountPixels(const CImageDC& dc, COLORREF color) {
 inline int CountPainted(const CImageDC& dc) {
     const RECT rc = dc.GetClientRect();
     return rc.right * rc.bottom - CountPixels(dc, 0xFFFFFF);
+}
+
+/// What a recorded picture of a drawing says; faults of the format fail the test.
+inline CMetafileReading Recorded(const std::function<void(CMetaFileDC&)>& draw) {
+    CMetaFileDC picture;
+    picture.Create();
+    draw(picture);
+    HMETAFILE hPicture = picture.Close();
+    CMetafileReading reading = ReadMetafile(hPicture->GetBytes());
+    DeleteMetaFile(hPicture);
+    EXPECT_EQ(reading.faults, std::vector<std::string>());
+    return reading;
 }

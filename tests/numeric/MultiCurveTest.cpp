@@ -1,76 +1,129 @@
 #include "tessara/numeric/MultiCurve.h"
 
+#include <cstring>
+#include <limits>
+#include <random>
+#include <tuple>
+#include <utility>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/numeric/Samples.h"
+#include "tessara/platform/base/Archive.h"
+#include "tessara/platform/base/Exception.h"
+#include "tessara/platform/files/MemFile.h"
 
 namespace {
 
 using testing::ElementsAre;
 
-/// Two columns, three points.
-void Fill(CMultiCurve& curve) {
-    curve.SetDimensions(2);
-    curve.Allocate(3);
-    for (int i = 0; i < 3; ++i) {
-        curve.m_pX[i] = i;
-        curve.m_ppY[0][i] = 10 + i;
-        curve.m_ppY[1][i] = 20 - i;
+using CBytes = std::vector<BYTE>;
+
+CBytes Stored(CMultiCurve& curve) {
+    CMemFile file;
+    CArchive ar(&file, CArchive::store);
+    curve.Serialize(ar);
+    ar.Close();
+    return {file.GetBuffer().begin(), file.GetBuffer().end()};
+}
+
+/// Loads from bytes and returns how many were left, or the cause of the exception, negative.
+std::int64_t Load(CMultiCurve& curve, const CBytes& bytes) {
+    CMemFile file;
+    file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
+    file.SeekToBegin();
+    CArchive ar(&file, CArchive::load);
+    try {
+        curve.Serialize(ar);
+    } catch (const CArchiveException& error) {
+        return -error.m_cause;
+    }
+    return static_cast<std::int64_t>(ar.GetRemaining());
+}
+
+/// One column, two points.
+class MultiCurve : public testing::Test {
+protected:
+    MultiCurve() : curve(1) {
+        curve.Allocate(2);
+        curve.m_pX[0] = 1, curve.m_pX[1] = 2;
+        curve.m_ppY[0][0] = -0.5, curve.m_ppY[0][1] = 1.0 / 3;
+    }
+    CMultiCurve curve;
+};
+
+TEST_F(MultiCurve, EveryByteOfTheRecordIsAsTheFormatSays) {
+    EXPECT_THAT(Stored(curve), ElementsAre(1, 0, 0, 0, 2, 0, 0, 0,       //
+                                           0, 0, 0, 0, 0, 0, 0xF0, 0x3F, //
+                                           0, 0, 0, 0, 0, 0, 0, 0x40,    //
+                                           0, 0, 0, 0, 0, 0, 0xE0, 0xBF, //
+                                           0x55, 0x55, 0x55, 0x55, 0x55, 0x55, 0xD5, 0x3F));
+}
+
+TEST_F(MultiCurve, HostileCountsAndACutAnywhereAreRefusedBeforeAnythingChanges) {
+    constexpr int nMax = std::numeric_limits<int>::max();
+    constexpr int INDEX = CArchiveException::badIndex;
+    constexpr int END = CArchiveException::endOfFile;
+    // Columns, points, bytes after them, cause.
+    const std::tuple<int, int, std::size_t, int> cases[] = {
+        {-1, 0, 0, INDEX},   {0, -1, 0, INDEX},     {-nMax, -nMax, 0, INDEX}, {-2, 3, 99, INDEX},
+        {nMax, 0, 0, INDEX}, {nMax, nMax, 99, END}, {1, nMax, 99, END},       {nMax, 1, 99, END},
+        {2, 3, 71, END},     {0, 1, 7, END},        {0x1FFFFFFF, 8, 99, END},
+    };
+    const CBytes bytes = Stored(curve);
+    for (const auto& [nDimensions, nPoints, nBytesAfter, nCause] : cases) {
+        CBytes hostile(8 + nBytesAfter);
+        std::memcpy(&hostile[0], &nDimensions, 4);
+        std::memcpy(&hostile[4], &nPoints, 4);
+        EXPECT_EQ(Load(curve, hostile), -nCause) << nDimensions << " columns, " << nPoints << " points";
+        EXPECT_EQ(Stored(curve), bytes);
+    }
+    for (std::size_t nLength = 0; nLength < bytes.size(); ++nLength) {
+        const CBytes cut(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(nLength));
+        EXPECT_EQ(Load(curve, cut), -CArchiveException::endOfFile) << nLength;
+        EXPECT_EQ(Stored(curve), bytes);
     }
 }
 
-TEST(MultiCurve, ChangingTheColumnsDropsThePointsAndTheSameCountDoesNot) {
-    CMultiCurve curve;
-    Fill(curve);
-    curve.SetDimensions(2);
-    EXPECT_EQ(curve.m_nPoints, 3);
-    EXPECT_EQ(curve.Min(0), 10);
-    EXPECT_EQ(curve.Max(1), 20);
+TEST_F(MultiCurve, DamagedBytesLoadAsTheySayOrNotAtAll) {
+    std::mt19937 random(5);
+    const CBytes bytes = Stored(curve);
+    for (int nRound = 0; nRound < 5000; ++nRound) {
+        CBytes damaged = bytes;
+        damaged[random() % 8] = static_cast<BYTE>(random() % 2 ? random() % 6 : random());
+        damaged[random() % damaged.size()] = static_cast<BYTE>(random());
+        if (const std::int64_t nLeft = Load(curve, damaged); nLeft >= 0) {
+            damaged.resize(damaged.size() - static_cast<std::size_t>(nLeft));
+            EXPECT_EQ(Stored(curve), damaged);
+        }
+    }
+}
+
+TEST_F(MultiCurve, ChangingTheColumnsDropsThePointsAndTheSameCountDoesNot) {
+    curve.SetDimensions(1);
+    EXPECT_EQ(curve.Max(0), 1.0 / 3);
     curve.SetDimensions(5);
     EXPECT_EQ(curve.m_nPoints, 0);
     EXPECT_THAT(std::vector<double*>(curve.m_ppY, curve.m_ppY + 5), testing::Each(nullptr));
-    curve.Allocate(2);
-    curve.m_ppY[4][1] = 1;
     curve.SetDimensions(0);
     EXPECT_EQ(curve.m_ppY, nullptr);
-    EXPECT_EQ(curve.m_nPoints, 0);
 }
 
-TEST(MultiCurve, AssignmentCopiesIntoEveryShape) {
-    CMultiCurve source;
-    Fill(source);
-    const struct {
-        int nDimensions;
-        int nPoints;
-    } shapes[] = {{0, 0}, {2, 0}, {2, 3}, {2, 9}, {2, 1}, {5, 3}, {1, 0}, {0, 4}};
-    for (const auto& shape : shapes) {
-        CMultiCurve curve(shape.nDimensions);
-        curve.Allocate(shape.nPoints);
-        curve = source;
-        EXPECT_EQ(curve.m_nDimensions, 2);
-        EXPECT_THAT(samples::Values(curve.m_pX, curve.m_nPoints), ElementsAre(0, 1, 2));
-        EXPECT_THAT(samples::Values(curve.m_ppY[1], 3), ElementsAre(20, 19, 18));
-        curve.m_ppY[1][0] = 0;
-        EXPECT_EQ(source.m_ppY[1][0], 20) << "the copy is independent";
+TEST_F(MultiCurve, AssignmentCopiesFromAndIntoEveryShape) {
+    const std::pair<int, int> shapes[] = {{0, 0}, {1, 0}, {1, 2}, {1, 9}, {1, 1}, {5, 3}, {0, 4}};
+    for (const auto& [nDimensions, nPoints] : shapes) {
+        CMultiCurve shape(nDimensions);
+        shape.Allocate(nPoints);
+        CMultiCurve copy(1);
+        copy = shape;
+        EXPECT_EQ(copy.m_nDimensions, nDimensions);
+        EXPECT_EQ(copy.m_nPoints, nDimensions ? nPoints : 0);
+        shape = curve;
+        shape = *&shape;
+        EXPECT_EQ(Stored(shape), Stored(curve));
+        shape.m_ppY[0][0] = 0;
+        EXPECT_EQ(curve.m_ppY[0][0], -0.5) << "the copy is independent";
     }
-}
-
-TEST(MultiCurve, AssignmentFromNoPointsOrNoColumnsAndFromItself) {
-    CMultiCurve curve;
-    Fill(curve);
-    CMultiCurve& same = curve;
-    curve = same;
-    EXPECT_EQ(curve.m_ppY[1][2], 18);
-    CMultiCurve empty(4);
-    curve = empty;
-    EXPECT_EQ(curve.m_nDimensions, 4);
-    EXPECT_EQ(curve.m_nPoints, 0);
-    CMultiCurve noColumns;
-    noColumns.Allocate(2);
-    curve = noColumns;
-    EXPECT_EQ(curve.m_nPoints, 0);
-    EXPECT_EQ(curve.m_ppY, nullptr);
 }
 
 } // namespace

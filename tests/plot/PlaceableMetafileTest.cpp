@@ -19,45 +19,24 @@ TEST(PlaceableMetafile, HeaderHoldsKeyBoxUnitsAndChecksum) {
     EXPECT_EQ(tessara::MakePlaceableHeader(480), EXPECTED);
 }
 
-TEST(PlaceableMetafile, UnitsPerInchFollowThePagesScaleWhateverItsMargins) {
-    struct {
+TEST(Page, FillsTheClientRectangleInOneDirectionAndIsCentredInTheOther) {
+    const struct {
         int nWidth, nHeight;
         double dDotsPerInch;
-        int nUnits;
-    } const cases[] = {{1024, 736, 96, 480},   {1200, 736, 96, 480}, {1024, 900, 96, 480},
-                       {512, 368, 96, 960},    {100, 72, 96, 1440},  {5120, 3680, 96, 96},
-                       {2048, 1472, 192, 480}, {0, 0, 96, 1440}};
-    for (const auto& given : cases) {
-        CImageDC image(1, 1, given.dDotsPerInch);
-        EXPECT_EQ(tessara::GetPageUnitsPerInch(image, {0, 0, given.nWidth, given.nHeight}), given.nUnits)
-            << given.nWidth << " x " << given.nHeight;
-        EXPECT_EQ(image.GetMapMode(), MM_TEXT);
-    }
-}
-
-TEST(PlaceableMetafile, AFileThatCannotBeOpenedIsAFailureThatLeavesNoFile) {
-    CImageDC image(100, 72);
-    EXPECT_EQ(
-        tessara::ExportPlaceable(image, {0, 0, 100, 72}, "/no such folder/plot.wmf", [](CMetaFileDC&) {}), 0);
-}
-
-TEST(Page, FillsTheClientRectangleInOneDirectionAndIsCentredInTheOther) {
-    struct {
-        RECT client;
         RECT page;
-    } const cases[] = {{{0, 0, 800, 575}, {0, 0, 800, 575}},
-                       {{0, 0, 1024, 1024}, {0, 144, 1024, 880}},
-                       {{0, 0, 1200, 736}, {88, 0, 1112, 736}},
-                       {{0, 0, 10, 1000}, {0, 496, 10, 503}}};
-    for (const auto& given : cases) {
-        CImageDC image(1, 1);
-        RECT client = given.client;
+        int nUnitsPerInch;
+    } cases[] = {{800, 575, 96, {0, 0, 800, 575}, 614},    {1024, 1024, 96, {0, 144, 1024, 880}, 480},
+                 {1200, 736, 96, {88, 0, 1112, 736}, 480}, {10, 1000, 96, {0, 496, 10, 503}, 1440},
+                 {5120, 3680, 96, {0, 0, 5120, 3680}, 96}, {2048, 1472, 192, {0, 0, 2048, 1472}, 480}};
+    for (const auto& item : cases) {
+        SCOPED_TRACE(testing::Message() << item.nWidth << " x " << item.nHeight);
+        CImageDC image(1, 1, item.dDotsPerInch);
+        RECT client{0, 0, item.nWidth, item.nHeight};
+        EXPECT_EQ(tessara::GetPageUnitsPerInch(image, client), item.nUnitsPerInch);
         CenterDC(&image, client);
         CRect page(0, 0, tessara::PAGE_WIDTH, tessara::PAGE_HEIGHT);
         image.LPtoDP(&page);
-        EXPECT_EQ(static_cast<RECT>(page), given.page)
-            << given.client.right << " x " << given.client.bottom << ": " << page.left << " " << page.top
-            << " " << page.right << " " << page.bottom;
+        EXPECT_EQ(static_cast<RECT>(page), item.page);
     }
 }
 

@@ -4,13 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
 
 #include "tests/support/LoggedSurface.h"
 
 using tessara::CLoggedSurface;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
@@ -19,20 +20,6 @@ CHOOSESCALE UnitAxis() {
     scale.dLower = 0;
     scale.dUpper = 1;
     return scale;
-}
-
-/// Two parts: a rising line of colour 0 and a falling one of colour 1.
-void FillCross(CMultipartTable& table) {
-    CTable line(2);
-    line.Allocate(2);
-    line.m_ppData[0][0] = 0;
-    line.m_ppData[0][1] = 1;
-    line.m_ppData[1][0] = 0;
-    line.m_ppData[1][1] = 1;
-    table.AddTable(&line, 0, -1);
-    line.m_ppData[1][0] = 1;
-    line.m_ppData[1][1] = 0;
-    table.AddTable(&line, 1, -1);
 }
 
 TEST(Series, ARowIsAMarkerWithDropLinesToFloorAndWall) {
@@ -54,40 +41,28 @@ TEST(Series, ARowIsAMarkerWithDropLinesToFloorAndWall) {
                             HasSubstr("Ellipse 378,578 422,622")));
 }
 
-TEST(Series, PartsAreDrawnInTheSurfacesPenOrDashedInTheirStyle) {
-    CMultipartTable table(2);
-    FillCross(table);
-    CRect frame(0, 0, 1000, 1000);
-    CLoggedSurface plain;
-    DrawMultipartCurve(&plain.dc, 3, UnitAxis(), UnitAxis(), frame, &table, 0, 1, 0, nullptr);
-    EXPECT_THAT(plain.lines, ElementsAre("Polyline 0,1000 1000,0 (pen 000000 width 0)",
-                                         "Polyline 0,0 1000,1000 (pen 000000 width 0)"));
-    CLoggedSurface stippled;
-    DrawMultipartCurve(&stippled.dc, 1, UnitAxis(), UnitAxis(), frame, &table, 0, 1, 1, nullptr);
-    EXPECT_GT(stippled.lines.size(), 10U);
-    EXPECT_EQ(stippled.LinesWith("pen 000000").size(), stippled.lines.size());
-}
-
-TEST(Series, OnlyAPrinterWithoutColoursGetsDashesUnasked) {
-    CMultipartTable table(2);
-    FillCross(table);
-    CRect frame(0, 0, 1000, 1000);
-    CLoggedSurface colour(CLoggedSurface::Printer(1 << 24));
-    DrawMultipartCurve(&colour.dc, 1, UnitAxis(), UnitAxis(), frame, &table, 0, 1, 0, nullptr);
-    EXPECT_EQ(colour.lines.size(), 2U);
-    CLoggedSurface monochrome(CLoggedSurface::Printer(2));
-    DrawMultipartCurve(&monochrome.dc, 1, UnitAxis(), UnitAxis(), frame, &table, 0, 1, 0, nullptr);
-    EXPECT_GT(monochrome.lines.size(), 10U);
-}
-
-TEST(Series, TablesWithoutRowsDrawNothing) {
-    CLoggedSurface surface;
-    CRect frame(0, 0, 100, 100);
-    CTable points(2);
-    DrawPointsTable(&surface.dc, frame, 6, 0, UnitAxis(), UnitAxis(), frame, &points, 0, 1, nullptr);
-    CMultipartTable parts(2);
-    DrawMultipartCurve(&surface.dc, 0, UnitAxis(), UnitAxis(), frame, &parts, 0, 1, 0, nullptr);
-    EXPECT_THAT(surface.lines, IsEmpty());
+TEST(Series, PartsAreDrawnInTheSurfacesPenOrDashedOnDemandAndByAPrinterWithoutColours) {
+    CMultipartTable table(2); // a rising line of colour 0 and a falling one of colour 1
+    CTable line(2);
+    line.Allocate(2);
+    line.m_ppData[0][0] = line.m_ppData[1][0] = 0;
+    line.m_ppData[0][1] = line.m_ppData[1][1] = 1;
+    table.AddTable(&line, 0, -1);
+    std::swap(line.m_ppData[1][0], line.m_ppData[1][1]);
+    table.AddTable(&line, 1, -1);
+    const auto draw = [&](const tessara::CDeviceCaps& caps, int bStippled) {
+        CRect frame(0, 0, 1000, 1000);
+        CLoggedSurface surface(caps);
+        DrawMultipartCurve(&surface.dc, 1, UnitAxis(), UnitAxis(), frame, &table, 0, 1, bStippled, nullptr);
+        return surface.lines;
+    };
+    const auto plain = ElementsAre("Polyline 0,1000 1000,0 (pen 000000 width 0)",
+                                   "Polyline 0,0 1000,1000 (pen 000000 width 0)");
+    const auto dashed = SizeIs(testing::Gt(10U));
+    EXPECT_THAT(draw({}, 0), plain);
+    EXPECT_THAT(draw({}, 1), dashed);
+    EXPECT_THAT(draw(CLoggedSurface::Printer(1 << 24), 0), plain);
+    EXPECT_THAT(draw(CLoggedSurface::Printer(2), 0), dashed);
 }
 
 } // namespace

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <optional>
+#include <numeric>
 
 #include "tessara/platform/base/Number.h"
 
@@ -17,8 +17,8 @@ int Signed(std::uint16_t nWord) {
     return static_cast<std::int16_t>(nWord);
 }
 
-unsigned Long(std::uint16_t nLow, std::uint16_t nHigh) {
-    return nLow | static_cast<unsigned>(nHigh) << 16;
+unsigned Long(Words words, std::size_t nAt) {
+    return words[nAt] | static_cast<unsigned>(words[nAt + 1]) << 16;
 }
 
 std::string Bytes(Words words, std::size_t nCount) {
@@ -63,63 +63,66 @@ std::string Points(Words words) {
     return strText;
 }
 
+struct CRecord {
+    std::size_t nWords;     ///< of parameters, the least of them where their number varies
+    const char* pszPattern; ///< see CReader::Fill
+    const char* pszNeeds;   ///< initials of the kinds of objects that must be selected
+};
+
+const std::map<unsigned, CRecord> RECORDS{
+    {0x0000, {0, "End", ""}},
+    {0x0102, {1, "SetBkMode #0", ""}},
+    {0x0104, {1, "SetROP2 #0", ""}},
+    {0x012D, {1, "Select@0", ""}},
+    {0x01F0, {1, "Delete@0", ""}},
+    {0x0201, {2, "SetBkColor $0", ""}},
+    {0x0209, {2, "SetTextColor $0", ""}},
+    {0x020B, {2, "SetWindowOrg #1 #0", ""}},
+    {0x020C, {2, "SetWindowExt #1 #0", ""}},
+    {0x0213, {2, "LineTo #1,#0", "P"}},
+    {0x0214, {2, "MoveTo #1,#0", ""}},
+    {0x02FA, {5, "CreatePen style #0 width #1 colour $3", ""}},
+    {0x02FB, {10, "CreateFont #0 %0", ""}},
+    {0x02FC, {4, "CreateBrush style #0 colour $1", ""}},
+    {0x0324, {1, "Polygon #0:*0", "PB"}},
+    {0x0325, {1, "Polyline #0:*0", "P"}},
+    {0x0418, {4, "Ellipse #3,#2 #1,#0", "PB"}},
+    {0x041B, {4, "Rectangle #3,#2 #1,#0", "PB"}},
+    {0x0A32, {4, "ExtTextOut #1,#0 &0", "F"}},
+};
+
 class CReader {
 public:
-    explicit CReader(std::span<const unsigned char> bytes) {
-        Check(bytes.size() % 2 == 0, "odd number of bytes");
-        for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-            m_words.push_back(static_cast<std::uint16_t>(bytes[i] | bytes[i + 1] << 8));
-        }
-    }
-
-    CMetafileReading Read() {
-        Words words = m_words;
-        if (words.size() > 11 && Long(words[0], words[1]) == 0x9AC6CDD7) {
-            ReadPlaceable(words.first(11));
+    CMetafileReading Read(Words words) {
+        if (words.size() > 11 && Long(words, 0) == 0x9AC6CDD7) {
+            m_reading.lines.push_back(Fill("Placeable #3,#4 #5,#6 at #7 per inch", words));
+            Check(std::accumulate(words.begin(), words.begin() + 10, 0, std::bit_xor<>()) == words[10],
+                  "placeable checksum");
             words = words.subspan(11);
         }
         if (words.size() < 9) {
-            m_reading.faults.push_back("no header");
-            return m_reading;
+            return {{}, {"no header"}};
         }
-        const Words header = words.first(9);
-        m_reading.lines.push_back(FormatText("Metafile version %04X objects %d", header[2], header[5]));
+        m_reading.lines.push_back(FormatText("Metafile version %04X objects %d", words[2], words[5]));
         ReadRecords(words.subspan(9));
-        Check(header[0] == 1 && header[1] == 9 && header[2] == 0x0300 && header[8] == 0, "header constants");
-        Check(Long(header[3], header[4]) == words.size(), "header: number of words");
-        Check(header[5] == m_kinds.size(), "header: number of objects");
-        Check(Long(header[6], header[7]) == m_nLargest, "header: largest record");
+        Check(words[0] == 1 && words[1] == 9 && words[2] == 0x0300 && words[8] == 0, "header constants");
+        Check(Long(words, 3) == words.size(), "header: number of words");
+        Check(words[5] == m_kinds.size(), "header: number of objects");
+        Check(Long(words, 6) == m_nLargest, "header: largest record");
         return m_reading;
     }
 
 private:
-    using Describe = std::function<std::string(Words)>;
-    struct CFunction {
-        std::size_t nWords; ///< of parameters, 0 for as many as it says itself
-        Describe describe;
-    };
-
     void Check(bool bSound, const std::string& strFault) {
         if (!bSound) {
             m_reading.faults.push_back(FormatText("record %zu: ", m_reading.lines.size()) + strFault);
         }
     }
 
-    void ReadPlaceable(Words words) {
-        std::uint16_t nSum = 0;
-        for (const std::uint16_t nWord : words.first(10)) {
-            nSum ^= nWord;
-        }
-        m_reading.lines.push_back(FormatText("Placeable %d,%d %d,%d at %d per inch", Signed(words[3]),
-                                             Signed(words[4]), Signed(words[5]), Signed(words[6]), words[7]));
-        Check(nSum == words[10], "placeable checksum");
-        Check(words[2] == 0 && words[8] == 0 && words[9] == 0, "placeable reserved words");
-    }
-
     void ReadRecords(Words words) {
         bool bEnded = false;
         while (words.size() >= 3 && !bEnded) {
-            const std::size_t nSize = Long(words[0], words[1]);
+            const std::size_t nSize = Long(words, 0);
             if (nSize < 3 || nSize > words.size()) {
                 break;
             }
@@ -136,28 +139,57 @@ private:
     }
 
     void ReadRecord(unsigned nFunction, Words words) {
-        const auto found = m_functions.find(nFunction);
-        if (found == m_functions.end()) {
-            Check(false, FormatText("unknown function %04X", nFunction));
-        } else if (found->second.nWords > words.size()) {
-            Check(false, FormatText("function %04X is too short", nFunction));
-        } else {
-            m_nUsed = found->second.nWords;
-            const std::string strLine = found->second.describe(words);
-            Check(m_nUsed == words.size(), "size of " + strLine);
-            m_reading.lines.push_back(strLine);
+        const auto found = RECORDS.find(nFunction);
+        if (found == RECORDS.end() || words.size() < found->second.nWords) {
+            Check(false, FormatText("unknown function or too short: %04X", nFunction));
+            return;
         }
+        const CRecord& record = found->second;
+        for (const char chKind : std::string_view(record.pszNeeds)) {
+            Check(m_selected.contains(chKind), std::string("no living object of kind ") + chKind);
+        }
+        m_nUsed = record.nWords;
+        std::string strLine = Fill(record.pszPattern, words);
+        if (strLine.starts_with("Create")) {
+            strLine += FormatText(" -> %zu", Create(strLine.substr(6, strLine.find(' ') - 6)));
+        } else if (strLine.starts_with("Select")) {
+            m_selected[strLine[6]] = words[0];
+        } else if (strLine.starts_with("Delete")) {
+            std::erase_if(m_selected, [&](const auto& selected) { return selected.second == words[0]; });
+            m_kinds.resize(std::max<std::size_t>(m_kinds.size(), words[0] + 1U));
+            m_kinds[words[0]].clear();
+        }
+        Check(m_nUsed == words.size(), "size of " + strLine);
+        m_reading.lines.push_back(strLine);
     }
 
-    std::string Create(const char* pszKind, const std::string& strWhat) {
-        const auto free = std::find(m_kinds.begin(), m_kinds.end(), "");
-        const auto nHandle = static_cast<int>(free - m_kinds.begin());
-        if (free == m_kinds.end()) {
-            m_kinds.emplace_back(pszKind);
-        } else {
-            *free = pszKind;
+    /// A pattern with #n replaced by the signed word n, $n by the colour that begins there, @n by the kind
+    /// and number of the object with that handle, and *, % and & by the points, font or text of the record.
+    std::string Fill(const char* pszPattern, Words words) {
+        std::string strText;
+        for (const char* psz = pszPattern; *psz != 0; ++psz) {
+            const char chKind = *psz;
+            if (std::string_view("#$@*%&").find(chKind) == std::string_view::npos) {
+                strText += chKind;
+                continue;
+            }
+            const Words from = words.subspan(static_cast<std::size_t>(*++psz - '0'));
+            strText += chKind == '#'   ? FormatText("%d", Signed(from[0]))
+                       : chKind == '$' ? FormatText("%06X", Long(from, 0))
+                       : chKind == '@' ? KindOf(from[0]) + FormatText(" %d", from[0])
+                       : chKind == '*' ? PointList(from)
+                       : chKind == '%' ? Font(from)
+                                       : Text(from);
         }
-        return "Create" + std::string(pszKind) + " " + strWhat + FormatText(" -> %d", nHandle);
+        return strText;
+    }
+
+    std::size_t Create(const std::string& strKind) {
+        const auto free = std::find(m_kinds.begin(), m_kinds.end(), "");
+        const auto nHandle = static_cast<std::size_t>(free - m_kinds.begin());
+        m_kinds.resize(std::max(m_kinds.size(), nHandle + 1));
+        m_kinds[nHandle] = strKind;
+        return nHandle;
     }
 
     std::string KindOf(std::size_t nHandle) {
@@ -166,116 +198,42 @@ private:
         return strKind;
     }
 
-    std::string Select(std::size_t nHandle) {
-        const std::string strKind = KindOf(nHandle);
-        m_selected[strKind] = nHandle;
-        return "Select" + strKind + FormatText(" %zu", nHandle);
+    std::string PointList(Words words) {
+        m_nUsed = 1 + 2U * words[0];
+        Check(words[0] > 0 && words[0] <= 32767, "number of points");
+        return Points(words.subspan(1));
     }
 
-    std::string Delete(std::size_t nHandle) {
-        const std::string strKind = KindOf(nHandle);
-        if (nHandle < m_kinds.size()) {
-            m_kinds[nHandle].clear();
-        }
-        std::erase_if(m_selected, [&](const auto& selected) { return selected.second == nHandle; });
-        return "Delete" + strKind + FormatText(" %zu", nHandle);
-    }
-
-    /// Notes that what is drawn now depends on the selected object of a kind.
-    void Use(const char* pszKind) {
-        Check(m_selected.contains(pszKind), std::string("no living ") + pszKind + " is selected");
-    }
-
-    std::string Value(const char* pszName, Words words) { return pszName + FormatText(" %d", words[0]); }
-    std::string Color(const char* pszName, Words words) {
-        return pszName + FormatText(" %06X", Long(words[0], words[1]));
-    }
-    /// y comes first.
-    std::string Pair(const char* pszName, Words words, char chBetween) {
-        return pszName + FormatText(" %d%c%d", Signed(words[1]), chBetween, Signed(words[0]));
-    }
-    std::string Line(const char* pszName, Words words) {
-        Use("Pen");
-        return Pair(pszName, words, ',');
-    }
-    std::string Shape(const char* pszName, Words words) {
-        Use("Pen");
-        Use("Brush");
-        return pszName + FormatText(" %d,%d %d,%d", Signed(words[3]), Signed(words[2]), Signed(words[1]),
-                                    Signed(words[0]));
-    }
-    std::string PointList(const char* pszName, Words words) {
-        Use("Pen");
-        const std::size_t nPoints = words[0];
-        m_nUsed = 1 + 2 * nPoints;
-        Check(nPoints > 0 && nPoints <= 32767, "number of points");
-        return pszName + FormatText(" %zu:", nPoints) + Points(words.subspan(1));
-    }
-
-    std::string Pen(Words words) {
-        return Create("Pen", FormatText("style %d width %d colour %06X", words[0], Signed(words[1]),
-                                        Long(words[3], words[4])));
-    }
-    std::string Brush(Words words) {
-        return Create("Brush", FormatText("style %d colour %06X", words[0], Long(words[1], words[2])));
-    }
     std::string Font(Words words) {
-        const Words name = words.subspan(9);
-        std::string strFace = Bytes(name, 2 * name.size());
-        const std::size_t nEnd = strFace.find('\0');
-        Check(nEnd < 32 && nEnd / 2 + 1 == name.size(), "font name is not ended");
         m_nUsed = words.size();
-        strFace.resize(std::min(nEnd, strFace.size()));
-        std::string strWhat = FormatText("%d ", Signed(words[0])) + Quoted(strFace);
-        strWhat += FormatText(" charset %d weight %d", words[6] >> 8, Signed(words[4]));
-        return Create("Font", strWhat + (words[5] & 0xFF ? " italic" : ""));
+        const std::string strFace = Bytes(words.subspan(9), 2 * (words.size() - 9));
+        const std::size_t nEnd = strFace.find('\0');
+        Check(nEnd < 32 && nEnd / 2 + 10 == words.size(), "font name is not ended");
+        return Quoted(strFace.substr(0, nEnd)) +
+               FormatText(" charset %d weight %d", words[6] >> 8, Signed(words[4])) +
+               (words[5] & 0xFF ? " italic" : "");
     }
 
     std::string Text(Words words) {
-        Use("Font");
         const std::size_t nBytes = words[2];
-        const std::size_t nTextWords = (nBytes + 1) / 2;
-        m_nUsed = 4 + nTextWords + nBytes;
+        const std::size_t nAdvances = 4 + (nBytes + 1) / 2;
+        m_nUsed = nAdvances + nBytes;
         if (m_nUsed != words.size()) {
-            return "ExtTextOut";
+            return "";
         }
         Check(words[3] == 0, "text options");
-        std::string strLine =
-            Pair("ExtTextOut", words, ',') + " " + Quoted(Bytes(words.subspan(4, nTextWords), nBytes)) + " [";
+        std::string strText = Quoted(Bytes(words.subspan(4), nBytes)) + " [";
         for (std::size_t i = 0; i < nBytes; ++i) {
-            strLine += FormatText(i == 0 ? "%d" : " %d", Signed(words[4 + nTextWords + i]));
+            strText += FormatText(i == 0 ? "%d" : " %d", Signed(words[nAdvances + i]));
         }
-        return strLine + "]";
+        return strText + "]";
     }
 
-    std::vector<std::uint16_t> m_words;
     CMetafileReading m_reading;
-    std::vector<std::string> m_kinds; ///< by handle; empty where it is free
-    std::map<std::string, std::size_t> m_selected;
+    std::vector<std::string> m_kinds;       ///< by handle; empty where it is free
+    std::map<char, std::size_t> m_selected; ///< by the initial of its kind
     std::size_t m_nLargest = 0;
     std::size_t m_nUsed = 0; ///< words that the record being read should have
-
-    const std::map<unsigned, CFunction> m_functions{
-        {0x0000, {0, [](Words) { return "End"; }}},
-        {0x0102, {1, [this](Words words) { return Value("SetBkMode", words); }}},
-        {0x0104, {1, [this](Words words) { return Value("SetROP2", words); }}},
-        {0x012D, {1, [this](Words words) { return Select(words[0]); }}},
-        {0x01F0, {1, [this](Words words) { return Delete(words[0]); }}},
-        {0x0201, {2, [this](Words words) { return Color("SetBkColor", words); }}},
-        {0x0209, {2, [this](Words words) { return Color("SetTextColor", words); }}},
-        {0x020B, {2, [this](Words words) { return Pair("SetWindowOrg", words, ' '); }}},
-        {0x020C, {2, [this](Words words) { return Pair("SetWindowExt", words, ' '); }}},
-        {0x0213, {2, [this](Words words) { return Line("LineTo", words); }}},
-        {0x0214, {2, [this](Words words) { return Pair("MoveTo", words, ','); }}},
-        {0x02FA, {5, [this](Words words) { return Pen(words); }}},
-        {0x02FB, {10, [this](Words words) { return Font(words); }}},
-        {0x02FC, {4, [this](Words words) { return Brush(words); }}},
-        {0x0324, {1, [this](Words words) { return Use("Brush"), PointList("Polygon", words); }}},
-        {0x0325, {1, [this](Words words) { return PointList("Polyline", words); }}},
-        {0x0418, {4, [this](Words words) { return Shape("Ellipse", words); }}},
-        {0x041B, {4, [this](Words words) { return Shape("Rectangle", words); }}},
-        {0x0A32, {4, [this](Words words) { return Text(words); }}},
-    };
 };
 
 } // namespace
@@ -289,5 +247,9 @@ std::string CMetafileReading::GetText() const {
 }
 
 CMetafileReading ReadMetafile(std::span<const unsigned char> bytes) {
-    return CReader(bytes).Read();
+    std::vector<std::uint16_t> words((bytes.size() + 1) / 2);
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        words[i / 2] |= static_cast<std::uint16_t>(bytes[i] << (i % 2 * 8));
+    }
+    return CReader().Read(words);
 }

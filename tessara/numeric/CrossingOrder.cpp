@@ -1,0 +1,48 @@
+#include <algorithm>
+
+#include "tessara/numeric/CrossingSearch.h"
+
+namespace tessara {
+namespace {
+
+bool Precedes(const CCrossing& a, const CCrossing& b) {
+    return a.nA != b.nA ? a.nA < b.nA : a.nB < b.nB;
+}
+
+/// Where the crossings of each nA begin, and one more entry for the end.
+std::vector<std::size_t> FirstPlaces(const std::vector<CCrossing>& crossings, int nCountA) {
+    std::vector<std::size_t> places(static_cast<std::size_t>(nCountA) + 1);
+    for (const CCrossing& crossing : crossings) {
+        ++places[static_cast<std::size_t>(crossing.nA) + 1];
+    }
+    for (std::size_t i = 1; i < places.size(); ++i) {
+        places[i] += places[i - 1];
+    }
+    return places;
+}
+
+} // namespace
+
+void SortCrossings(std::vector<CCrossing>& crossings, int nCountA) {
+    // Counting looks at every nA: not worth while for few crossings.
+    if (crossings.size() < static_cast<std::size_t>(nCountA) / 16) {
+        std::sort(crossings.begin(), crossings.end(), Precedes);
+        return;
+    }
+    std::vector<std::size_t> places = FirstPlaces(crossings, nCountA);
+    std::vector<CCrossing> sorted(crossings.size());
+    for (const CCrossing& crossing : crossings) {
+        sorted[places[static_cast<std::size_t>(crossing.nA)]++] = crossing;
+    }
+    // Each place is now the end of its group.
+    std::size_t nBegin = 0;
+    for (int nA = 0; nA < nCountA; ++nA) {
+        const std::size_t nEnd = places[static_cast<std::size_t>(nA)];
+        std::sort(sorted.begin() + static_cast<std::ptrdiff_t>(nBegin),
+                  sorted.begin() + static_cast<std::ptrdiff_t>(nEnd), Precedes);
+        nBegin = nEnd;
+    }
+    crossings.swap(sorted);
+}
+
+} // namespace tessara

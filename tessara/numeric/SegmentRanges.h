@@ -1,0 +1,40 @@
+#pragma once
+
+#include <vector>
+
+#include "tessara/numeric/Polylines.h"
+#include "tessara/numeric/SegmentBox.h"
+
+namespace tessara {
+
+/// The most segments that are tested one by one.
+constexpr int LEAF_SEGMENTS = 8;
+/// The most segments of a monotone range: shorter ranges have tighter boxes, longer ones are fewer.
+constexpr int MAX_CHAIN_SEGMENTS = 64;
+
+/// Consecutive segments of one part and a box around them.
+struct CSegmentRange {
+    enum Kind {
+        mixed, ///< up to LEAF_SEGMENTS segments of any kind
+        chain, ///< monotone in x and in y and nowhere at rest: no two of its segments meet unless neighbours
+        point  ///< segments of length zero: no two of them cross, nor do those of two such ranges
+    };
+
+    CBox box;
+    int nFirst;
+    int nCount;
+    Kind kind;
+    bool bContinues; ///< this chain and the range that ends where it begins are one chain that was cut
+};
+
+/// The box around the segments nFirst to nFirst + nCount - 1 of a monotone range.
+inline CBox ChainBox(const CPolylines& lines, int nFirst, int nCount) {
+    const int nEnd = nFirst + nCount;
+    return CornerBox(lines.X()[nFirst], lines.Y()[nFirst], lines.X()[nEnd], lines.Y()[nEnd]);
+}
+
+/// Cuts all segments into ranges, as long as they can be, in one pass. Segments that no box can hold (NaN)
+/// may be left out: nothing crosses them.
+std::vector<CSegmentRange> CutIntoRanges(const CPolylines& lines);
+
+} // namespace tessara
