@@ -18,6 +18,8 @@
 #include "tessara/numeric/Table.h"
 #include "tessara/numeric/TableReference.h"
 #include "tessara/numeric/Zoom.h"
+#include "tessara/phasediagram/ElementFormat.h"
+#include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/base/Api.h"
 #include "tessara/platform/base/Archive.h"
 #include "tessara/platform/base/Array.h"

@@ -1,0 +1,303 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "tessara/numeric/Curve.h"
+#include "tessara/numeric/MultipartCurve.h"
+#include "tessara/numeric/MultipartTable.h"
+#include "tessara/numeric/Table.h"
+#include "tessara/phasediagram/ElementFormat.h"
+#include "tessara/platform/base/DWordArray.h"
+#include "tessara/platform/base/String.h"
+#include "tessara/platform/base/StringArray.h"
+#include "tessara/platform/gdi/MetaFileDC.h"
+#include "tessara/plot/ChooseScale.h"
+
+class CWnd;
+
+namespace tessara {
+
+class CCanvas;
+class CPlotMap;
+struct CPlotArea;
+
+/// The abscissa and the ordinate column of an element in its table.
+struct CColumnPair {
+    int nX = 0;
+    int nY = 0;
+};
+
+/// The data rectangle that a zoomed diagram shows.
+struct CZoomWindow {
+    double dXMax = 0;
+    double dXMin = 0;
+    double dYMax = 0;
+    double dYMin = 0;
+
+    bool Contains(double dX, double dY) const {
+        return dX >= dXMin && dX <= dXMax && dY >= dYMin && dY <= dYMax;
+    }
+};
+
+/// Rows of the legend's labels in their arrays, or -1 for a label that is not there.
+struct CLegendRows {
+    int nSpinodal = -1;
+    int nSpinodalTrivial = -1;
+    int nSpinodalNontrivial = -1;
+    int nCloudPoint = -1;
+    int nCloudPointPhysical = -1;
+    int nCloudPointNonPhysical = -1;
+    int nShadow = -1;
+    int nShadowPhysical = -1;
+    int nShadowNonPhysical = -1;
+    int nCriticalPoints = -1;
+    int nLifshitzPoints = -1;
+};
+
+} // namespace tessara
+
+/// State bits of a phase diagram.
+enum PhaseDiagramFlag : DWORD {
+    MF_MARKSHOWN = 0x1,    ///< the cross-hair mark is on the screen
+    MF_OVERELEMENT = 0x2,  ///< the pointer rests on an element that can be picked
+    MF_READOUT = 0x4,      ///< a read-out window is shown, so clicks pick elements
+    MF_CROSSSECTION = 0x8, ///< the Cross Section window is shown; only the cloud-point curve can be picked
+    MF_CUSTOMABSCISSA = 0x1000000, ///< the abscissa uses a custom scale
+    MF_CUSTOMORDINATE = 0x2000000  ///< the ordinate uses a custom scale
+};
+
+/// The diagram of the phases of a polymer solution: spinodal, cloud-point curve with its shadow curve,
+/// critical, Lifshitz and multiphase points, with frame, grid, titles, caption and legend, on any surface and
+/// as a metafile.
+///
+/// Curves view the point arrays of the tables they are made from, which must stay alive and of the same size
+/// as long as they are shown; points are copied. A curve of two colours has branches: parts of colour 0 are
+/// the spinodal's trivial branch or the physical part of the others, all other parts the nontrivial branch or
+/// the non-physical part. Values that are infinite or not a number count for no axis and are gaps. The name
+/// is plain text, axis symbols and the slide name are indexed text (IndexedText.h). Main thread.
+///
+///     CPhaseDiagramOutput diagram;
+///     diagram.SetNames("Polystyrene in cyclohexane", "T, K~N", "f~G~2~L");
+///     diagram.SetBinodalSection(0, 1, 2, &section, 0); // cloud points, shadow, temperature
+///     CImageDC dc(800, 575);
+///     diagram.Paint(&dc, dc.GetClientRect(), nullptr);
+class TESSARA_API CPhaseDiagramOutput : public CObject {
+    DECLARE_DYNAMIC(CPhaseDiagramOutput)
+
+public:
+    CPhaseDiagramOutput();
+    ~CPhaseDiagramOutput() override;
+    /// Forgets elements, zoom, boundaries, display switches and read-out formats; names, formats and scales
+    /// stay.
+    void Reset();
+
+    // Names and formats
+
+    void SetNames(const char* name, const char* ordinateSymbol, const char* abscissaSymbol);
+    /// Also empties the slide name.
+    void SetPhaseDiagramName(const char* name);
+    void SetOrdinateSymbol(const char* symbol);
+    void SetAbscissaSymbol(const char* symbol);
+    void SetSlideName(const char* name);
+    /// Takes names and formats from a string resource of three to five lines: name, ordinate symbol, abscissa
+    /// symbol, ordinate format, abscissa format. Throws CResourceException when there is no such string.
+    void LoadResourceString(unsigned int id);
+
+    /// printf formats of one double; null restores "%.2lf".
+    void SetAbscissaFormat(const char* fmt);
+    void SetOrdinateFormat(const char* fmt);
+    const CString& GetAbscissaFormat() const;
+    const CString& GetOrdinateFormat() const;
+    void ResetFormatStrings();
+    /// Adds a line to the read-out of an element (see CElementFormat).
+    void AddFormatString(int nElement, int nColumn, const char* fmt);
+
+    // Elements; each setter replaces what it sets.
+
+    /// Makes the cloud-point curve from columns cloudPointX and y of a table and, when shadowX is not
+    /// negative, the shadow curve from columns shadowX and y. The last argument is not used.
+    void SetBinodalSection(int cloudPointX, int shadowX, int y, CMultipartTable* table, int reserved);
+    void SetSpinodalSection(int x, int y, CMultipartTable* table);
+    /// Makes the spinodal a view of a curve.
+    void SetSpinodalSection(CMultipartCurve* curve);
+    /// Copies n points; none for n below 1.
+    void SetCriticalPoints(int n, double* x, double* y);
+    void SetLifshitzPoints(int n, double* x, double* y);
+    void SetMultiphasePoints(int n, double* x, double* y);
+    /// Copies the points in columns x and y of a table, which must stay alive for the element read-out.
+    void SetCriticalPoints(int x, int y, CTable* table);
+    void SetLifshitzPoints(int x, int y, CTable* table);
+    void SetMultiphasePoints(int x, int y, CTable* table);
+
+    // Display
+
+    void SetShowCaption(bool bShow) { m_bShowCaption = bShow; }
+    void SetShowLegend(bool bShow) { m_bShowLegend = bShow; }
+    void SetMonochrome(bool bMonochrome) { m_bMonochrome = bMonochrome; }
+    /// In element read-out mode every element can be picked by its colour.
+    void SetElementReadOut(bool bElements) { m_bElementReadOut = bElements; }
+    /// Draws a dashed vertical line at an abscissa, until Reset.
+    void DrawLeftBoundary(double x);
+    void DrawRightBoundary(double x);
+    void EnableCriticalPointsClicking(int bEnable);
+
+    /// Shows the crossings of the cloud-point curve with itself, or hides them. They are found once for a
+    /// diagram.
+    void ToggleMultiphasePoints();
+    int AreMultiphasePointsVisible();
+    /// Shows a data rectangle only, or (ShowWhole) the whole diagram again.
+    void ZoomTo(const tessara::CZoomWindow& window);
+    void ShowWhole();
+    int IsZoomed();
+
+    // Scales
+
+    /// Sets an axis by hand: axis 1 is the abscissa, 2 the ordinate. Returns 0 and changes no scale unless
+    /// axis names one axis, lower < upper, step > 0 and exponent lies from -8 to 8.
+    int UseCustomScale(int axis, double lower, double upper, double step, int exponent);
+    void UseAutomaticScale(int axis);
+    /// Whether a value lies on the abscissa (nonzero) or the ordinate scale, both ends included.
+    int IsValidValue(double v, int abscissa);
+
+    int IsCloudPointCurveSelected();
+    int IsShadowCurveSelected();
+
+    // Painting
+
+    /// Paints the diagram into a client rectangle (left and top 0) of the surface and, when it is given, into
+    /// the picture. The surface's state is left as it was. Returns 1.
+    int Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC);
+    /// Called by Paint after everything else, with a null rectangle, so that a derived class can add to both
+    /// surfaces.
+    virtual void PaintEmptyRect(CDC* pDC, RECT* pRect, CMetaFileDC* pMetaDC);
+    /// Paints on the surface and writes the diagram as a placeable metafile. Returns 1 when the file was
+    /// written, 0 when it could not be opened; throws CFileException when writing fails.
+    int Export(CDC* pDC, RECT rc, const char* fileName);
+
+protected:
+    void SetCloudPointCurve(int nPoints, double* x, double* y, int nParts, CCurvePartInfo* parts,
+                            int nColors);
+    void SetShadowCurve(int nPoints, double* x, double* y, int nParts, CCurvePartInfo* parts, int nColors);
+    void SetSpinodal(int nPoints, double* x, double* y, int nParts, CCurvePartInfo* parts, int nColors);
+
+    DWORD CurveColor(int i);
+    /// The first curve of that colour, or -1.
+    int CurveFromColor(DWORD c);
+    /// Whether a pixel of that colour is an element that can be picked now.
+    int IsValidColor(DWORD c);
+    /// Rebuilds the legend's labels from the shown curves and the points.
+    void FillLabelsArray();
+    /// Chooses both scales from the shown elements, or the zoom window, unless they are custom.
+    void FindBoundingBox();
+
+    void DrawCaption(CDC* pDC, int x, int y, int bCentered, CMetaFileDC* pMetaDC);
+    void DrawHorizontalGrid(CDC* pDC, CMetaFileDC* pMetaDC);
+    void DrawVerticalGrid(CDC* pDC, CMetaFileDC* pMetaDC);
+    /// Does nothing: Paint draws the legend.
+    void DrawLegend(CDC* pDC, int x, int y, CPen* pPen);
+    void DrawPoints(CDC* pDC, CMetaFileDC* pMetaDC);
+    void DrawMultiphasePoints(CDC* pDC, CMetaFileDC* pMetaDC);
+    void DrawLegendCurveColors(CDC* pDC, CMetaFileDC* pMetaDC);
+    /// Inverts the cross-hair at the marked point; drawing it twice restores the screen. Leaves the raster
+    /// operation set.
+    void DrawMarkOnDC(CDC* pDC);
+
+    CHOOSESCALE m_SavedAbscissaScale; ///< custom scales come from these copies
+    CHOOSESCALE m_SavedOrdinateScale;
+    int m_bCriticalPointsClicking = 0;
+    int m_bLeftBoundary = 0;
+    int m_bRightBoundary = 0;
+    double m_dLeftBoundary = 0;
+    double m_dRightBoundary = 0;
+    double m_dMarkX = 0;
+    double m_dMarkY = 0;
+    std::unique_ptr<CMultipartCurve> m_pCloudPointCurve;
+    std::unique_ptr<CMultipartCurve> m_pShadowCurve;
+    std::unique_ptr<CMultipartCurve> m_pSpinodal;
+    std::unique_ptr<CMultipartTable> m_pFoundMultiphasePoints;
+    CMultipartCurve* m_pShownCloudPointCurve =
+        nullptr; ///< as displayed: cut to the zoom window while it is painted
+    CMultipartCurve* m_pShownShadowCurve = nullptr;
+    CMultipartCurve* m_pShownSpinodal = nullptr;
+    std::unique_ptr<CCurve> m_pCriticalPoints;
+    std::unique_ptr<CCurve> m_pLifshitzPoints;
+    std::unique_ptr<CCurve> m_pMultiphasePoints;
+    tessara::CColumnPair m_SpinodalColumns;
+    tessara::CColumnPair m_ShadowColumns;
+    tessara::CColumnPair m_CloudPointColumns;
+    tessara::CColumnPair m_CriticalPointColumns;
+    tessara::CColumnPair m_LifshitzPointColumns;
+    tessara::CColumnPair m_MultiphasePointColumns;
+    CMultipartTable* m_pBinodalSection = nullptr; ///< not owned, as the following tables
+    CMultipartTable* m_pSpinodalSection = nullptr;
+    CTable* m_pCriticalPointTable = nullptr;
+    CTable* m_pMultiphasePointTable = nullptr;
+    CTable* m_pLifshitzPointTable = nullptr;
+    DWORD m_nFlags = 0;
+    CHOOSESCALE m_OrdinateScale;
+    CHOOSESCALE m_AbscissaScale;
+    CWnd* m_pParentWnd = nullptr;
+    CRect m_rcPaint;      ///< given to the last Paint
+    CRect m_rcPlotDevice; ///< plot frame in pixels, one larger on every side: for hit tests
+    CString m_strName = "Phase diagram";
+    CString m_strOrdinateSymbol = "f(x)~N";
+    CString m_strAbscissaSymbol = "x~N";
+    CString m_strSlideName;
+    CString m_strAbscissaFormat;
+    CString m_strOrdinateFormat;
+    CDWordArray m_CurveColors;
+    DWORD m_crSelected = 0;
+    CStringArray m_CurveLabels;
+    CStringArray m_PointLabels;
+    int m_nCurveLabels = 0;
+    int m_nPointLabels = 0;
+    tessara::CLegendRows m_LegendRows;
+    int m_nPlotLeft = 0; ///< plot frame in logical units
+    int m_nPlotTop = 0;
+    int m_nPlotWidth = 0;
+    int m_nPlotHeight = 0;
+    int m_nLineHeight = 0; ///< of a legend row
+    int m_nWidestLabel = 0;
+    int m_bZoomed = 0;
+    int m_bZoomInMode = 0;
+    tessara::CZoomWindow m_Zoom;
+    CRect m_rcExactPlotDevice; ///< plot frame in pixels
+    int m_bMultiphasePointsVisible = 0;
+    int m_bShowCaption = 1;
+    int m_bShowLegend = 1;
+    int m_bMonochrome = 0;
+    CDWordArray m_ElementColors;
+    std::vector<std::unique_ptr<CElementFormat>> m_ElementFormats;
+    int m_bElementReadOut = 0;
+    CStringArray m_ElementValueLines;
+
+private:
+    class CShownCurves;
+
+    void ChooseAbscissaScale();
+    void ChooseOrdinateScale();
+    template <class CURVE_VALUES, class POINT_VALUES>
+    void ChooseScaleOf(CHOOSESCALE& scale, CURVE_VALUES curveValues, POINT_VALUES pointValues,
+                       double dZoomMin, double dZoomMax) const;
+    int AddCurveLabel(const char* pszName, const char* pszBranch);
+    void AddCurveLabels(const CMultipartCurve* pCurve, const char* pszName, const char* pszFirst,
+                        const char* pszOther, int& nSingle, int& nFirst, int& nOther);
+    int AddPointLabel(const CCurve* pPoints, const char* pszLabel);
+
+    tessara::CPlotArea GetPlotArea() const;
+    tessara::CPlotMap GetPlotMap() const;
+    void LayOut(const tessara::CCanvas& canvas);
+    void RememberPlotDevice(const CDC& dc);
+    int GetLegendHeight() const;
+    void DrawFrames(const tessara::CCanvas& canvas);
+    void DrawLegendTexts(const tessara::CCanvas& canvas, CMetaFileDC* pMetaDC);
+    void DrawGrids(const tessara::CCanvas& canvas, CMetaFileDC* pMetaDC);
+    void DrawTitles(const tessara::CCanvas& canvas, CMetaFileDC* pMetaDC);
+    void DrawElements(const tessara::CCanvas& canvas, CMetaFileDC* pMetaDC);
+    void DrawCurve(const tessara::CCanvas& canvas, const CMultipartCurve* pCurve, int (*pStyleOf)(int nColor),
+                   CMetaFileDC* pMetaDC);
+    void DrawBoundary(const tessara::CCanvas& canvas, double dAbscissa);
+    void DrawNoPhaseSeparation(const tessara::CCanvas& canvas);
+    bool IsPointShown(double dX, double dY) const;
+};
