@@ -71,17 +71,29 @@ void CCurveParts::AddPoint(POINT2D point) {
     m_Y.push_back(point.dY);
 }
 
-std::unique_ptr<CMultipartCurve> CCurveParts::Make(int nColors) const {
-    auto pCurve = std::make_unique<CMultipartCurve>(static_cast<int>(m_X.size()));
-    std::copy(m_X.begin(), m_X.end(), pCurve->m_pX);
-    std::copy(m_Y.begin(), m_Y.end(), pCurve->m_pY);
+template <class TARGET>
+void CCurveParts::Fill(TARGET& target, double* pX, double* pY, int nColors) const {
+    std::copy(m_X.begin(), m_X.end(), pX);
+    std::copy(m_Y.begin(), m_Y.end(), pY);
     for (std::size_t i = 0; i < m_Parts.size(); i++) {
         const bool bLast = i + 1 == m_Parts.size();
-        pCurve->BeginPart(m_Parts[i].nFirst, m_Parts[i].nColor);
-        pCurve->EndPart((bLast ? pCurve->m_nPoints : m_Parts[i + 1].nFirst) - 1);
+        target.BeginPart(m_Parts[i].nFirst, m_Parts[i].nColor);
+        target.EndPart((bLast ? target.m_nPoints : m_Parts[i + 1].nFirst) - 1);
     }
-    pCurve->SetNumColors(nColors);
+    target.SetNumColors(nColors);
+}
+
+std::unique_ptr<CMultipartCurve> CCurveParts::Make(int nColors) const {
+    auto pCurve = std::make_unique<CMultipartCurve>(static_cast<int>(m_X.size()));
+    Fill(*pCurve, pCurve->m_pX, pCurve->m_pY, nColors);
     return pCurve;
+}
+
+std::unique_ptr<CMultipartTable> CCurveParts::MakeTable(int nColors) const {
+    auto pTable = std::make_unique<CMultipartTable>(2);
+    pTable->Allocate(static_cast<int>(m_X.size()));
+    Fill(*pTable, pTable->m_ppData[0], pTable->m_ppData[1], nColors);
+    return pTable;
 }
 
 } // namespace tessara

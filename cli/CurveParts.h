@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tessara/numeric/MultipartCurve.h"
+#include "tessara/numeric/MultipartTable.h"
 
 namespace tessara {
 
@@ -35,6 +36,8 @@ public:
     bool IsEmpty() const { return m_X.empty(); }
     /// The collected parts as a new curve of so many colours.
     std::unique_ptr<CMultipartCurve> Make(int nColors) const;
+    /// The same as a table of two columns.
+    std::unique_ptr<CMultipartTable> MakeTable(int nColors) const;
 
 private:
     struct PART {
@@ -46,6 +49,8 @@ private:
         double dY;
     };
 
+    template <class TARGET>
+    void Fill(TARGET& target, double* pX, double* pY, int nColors) const;
     void AddSegment(POINT2D from, POINT2D to);
     void AddPoint(POINT2D point);
 

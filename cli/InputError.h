@@ -11,8 +11,8 @@ namespace tessara {
 /// without the parts that are 0.
 class CInputError : public CException {
 public:
-    /// nLine counts the lines of the file from 1; nColumn counts the fields of that line from 1, as
-    /// `--columns` does.
+    /// nLine counts the lines of the file from 1. nColumn counts from 1 what a file's lines are made of: the
+    /// fields of a file of columns, as `--columns` does, and the characters of a diagram file.
     CInputError(std::string_view strFile, int nLine, int nColumn, std::string_view strProblem);
     ~CInputError() override;
     CInputError(const CInputError&) = default;

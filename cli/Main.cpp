@@ -4,9 +4,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include "cli/DiagramCommand.h"
 #include "cli/InputError.h"
 #include "cli/PlotCommand.h"
-#include "cli/PlotOptions.h"
 #include "tessara/platform/base/Exception.h"
 
 namespace {
@@ -19,23 +19,34 @@ int Complain(const char* pszMessage) {
     return EXIT_BAD_INPUT;
 }
 
+CLI::App* AddSubcommand(CLI::App& app, const char* pszName, const char* pszHelp) {
+    CLI::App* pCommand = app.add_subcommand(pszName, pszHelp);
+    pCommand->set_version_flag("--version", VERSION_LINE);
+    return pCommand;
+}
+
 int Run(int argc, char** argv) {
     CLI::App app("Draws plots for polymer-solution thermodynamics", "tessara");
     app.set_version_flag("--version", VERSION_LINE);
-    app.footer("`tessara plot --help` shows the options and examples.");
-    CLI::App* pPlot = app.add_subcommand("plot", "Draw files of columns as a picture");
-    pPlot->set_version_flag("--version", VERSION_LINE);
-    tessara::PLOTOPTIONS options;
-    tessara::DeclarePlotOptions(*pPlot, options);
+    app.footer("`tessara plot --help` and `tessara diagram --help` show the options and examples.");
+    tessara::PLOTOPTIONS plotOptions;
+    tessara::DIAGRAMOPTIONS diagramOptions;
+    CLI::App* pPlot = AddSubcommand(app, "plot", "Draw files of columns as a picture");
+    tessara::DeclarePlotOptions(*pPlot, plotOptions);
+    CLI::App* pDiagram = AddSubcommand(app, "diagram", "Draw a phase diagram from a diagram file");
+    tessara::DeclareDiagramOptions(*pDiagram, diagramOptions);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& answer) {
         return app.exit(answer);
     }
-    if (!*pPlot) {
-        throw CException("a subcommand is required: tessara plot");
+    if (*pPlot) {
+        tessara::RunPlot(plotOptions);
+    } else if (*pDiagram) {
+        tessara::RunDiagram(diagramOptions);
+    } else {
+        throw CException("a subcommand is required: tessara plot or tessara diagram");
     }
-    tessara::RunPlot(options);
     return EXIT_SUCCESS;
 }
 

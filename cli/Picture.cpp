@@ -14,47 +14,48 @@ namespace tessara {
 namespace {
 
 template <class DC>
-void Paint(COutputCurve& plot, DC& dc) {
+void Paint(const DRAWING& drawing, DC& dc) {
     dc.SetBkMode(TRANSPARENT);
-    if (!plot.Paint(&dc, dc.GetClientRect(), nullptr)) {
+    if (!drawing.paint(dc, dc.GetClientRect())) {
         AfxThrowMemoryException();
     }
 }
 
-void DrawPng(COutputCurve& plot, const CPictureSize& size, const char* pszPath) {
+void DrawPng(const DRAWING& drawing, const CPictureSize& size, const char* pszPath) {
     CImageDC dc(size.GetWidth(), size.GetHeight(), size.GetDotsPerInch());
     dc.SetSmooth(true);
-    Paint(plot, dc);
+    Paint(drawing, dc);
     dc.SavePng(pszPath);
 }
 
 /// A format that is written while it is drawn.
 template <class DC>
-void DrawPage(COutputCurve& plot, const CPictureSize& size, const char* pszPath) {
+void DrawPage(const DRAWING& drawing, const CPictureSize& size, const char* pszPath) {
     DC dc(pszPath, size.GetWidthMm(), size.GetHeightMm());
-    Paint(plot, dc);
+    Paint(drawing, dc);
     dc.Close();
 }
 
-void DrawWmf(COutputCurve& plot, const CPictureSize& size, const COutputFile& output) {
+void DrawWmf(const DRAWING& drawing, const CPictureSize& size, const COutputFile& output) {
     CImageDC dc(size.GetWidth(), size.GetHeight(), size.GetDotsPerInch());
     dc.SetBkMode(TRANSPARENT);
-    if (!plot.Export(&dc, dc.GetClientRect(), output.GetTemporaryPath().c_str())) {
+    if (!drawing.writeMetafile(dc, dc.GetClientRect(), output.GetTemporaryPath().c_str())) {
         output.Fail(0);
     }
 }
 
-void DrawTo(COutputCurve& plot, const CPictureSize& size, PictureFormat format, const COutputFile& output) {
+void DrawTo(const DRAWING& drawing, const CPictureSize& size, PictureFormat format,
+            const COutputFile& output) {
     const char* pszPath = output.GetTemporaryPath().c_str();
     switch (format) {
     case PictureFormat::Png:
-        return DrawPng(plot, size, pszPath);
+        return DrawPng(drawing, size, pszPath);
     case PictureFormat::Svg:
-        return DrawPage<CSvgDC>(plot, size, pszPath);
+        return DrawPage<CSvgDC>(drawing, size, pszPath);
     case PictureFormat::Pdf:
-        return DrawPage<CPdfDC>(plot, size, pszPath);
+        return DrawPage<CPdfDC>(drawing, size, pszPath);
     case PictureFormat::Wmf:
-        return DrawWmf(plot, size, output);
+        return DrawWmf(drawing, size, output);
     }
 }
 
@@ -78,11 +79,11 @@ PictureFormat FormatOfFile(const std::string& strPath) {
     throw CInputError(strPath, 0, 0, "the name must end with .png, .svg, .pdf or .wmf");
 }
 
-void DrawPicture(COutputCurve& plot, const CPictureSize& size, const std::string& strPath) {
+void DrawPicture(const DRAWING& drawing, const CPictureSize& size, const std::string& strPath) {
     const PictureFormat format = FormatOfFile(strPath);
     COutputFile output(strPath);
     try {
-        DrawTo(plot, size, format, output);
+        DrawTo(drawing, size, format, output);
     } catch (const CFileException& error) {
         output.Fail(error.m_lOsError); // names the target, not the temporary file
     }

@@ -6,6 +6,7 @@
 #include "cli/Picture.h"
 #include "cli/PlotData.h"
 #include "cli/PlotScales.h"
+#include "cli/TextFile.h"
 #include "cli/TitleRoom.h"
 #include "tessara/platform/base/Number.h"
 
@@ -56,16 +57,9 @@ void CheckFormat(const char* pszOption, const std::optional<std::string>& format
     }
 }
 
-/// A file's name without its folders and its ending.
-std::string Stem(const std::string& strPath) {
-    const std::string strFile = strPath.substr(strPath.rfind('/') + 1);
-    const std::size_t nDot = strFile.rfind('.');
-    return nDot == std::string::npos || nDot == 0 ? strFile : strFile.substr(0, nDot);
-}
-
 void SetTexts(COutputCurve& plot, const PLOTOPTIONS& options, const CPlotData& data) {
     const std::string& strFile = options.files.empty() ? *options.symbols : options.files.front();
-    plot.SetCurveName(options.name.value_or(Stem(strFile)).c_str());
+    plot.SetCurveName(options.name.value_or(FileStem(strFile)).c_str());
     if (options.argumentSymbol) {
         plot.SetCurveArgument(options.argumentSymbol->c_str());
     } else if (!data.GetArgumentName().empty()) {
@@ -134,7 +128,7 @@ void RunPlot(const PLOTOPTIONS& options) {
     scales.ApplyTo(plot);
     SetLook(plot, options, data);
     FitTitles(plot, options, data);
-    DrawPicture(plot, size, options.strOutput);
+    DrawOutput(plot, size, options.strOutput);
 }
 
 } // namespace tessara

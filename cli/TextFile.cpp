@@ -89,6 +89,12 @@ std::string ReadTextFile(const std::string& strPath) {
     return strText;
 }
 
+std::string FileStem(const std::string& strPath) {
+    const std::string strFile = strPath.substr(strPath.rfind('/') + 1);
+    const std::size_t nDot = strFile.rfind('.');
+    return nDot == std::string::npos || nDot == 0 ? strFile : strFile.substr(0, nDot);
+}
+
 bool CLineReader::Next() {
     while (!m_strRest.empty()) {
         TakeLine();

@@ -10,6 +10,9 @@ namespace tessara {
 /// than 512 MiB.
 std::string ReadTextFile(const std::string& strPath);
 
+/// A file's name without its folders and its ending.
+std::string FileStem(const std::string& strPath);
+
 /// Walks through the lines of a text that hold something: blank lines and lines that start with '#' are
 /// passed over. Lines end with LF, CR LF or CR. The text must outlive the walk.
 class CLineReader {

@@ -1,11 +1,7 @@
-#include <algorithm>
-
 #include <gmock/gmock.h>
 
-#include "tests/cli/Command.h"
-#include "tests/cli/Folder.h"
+#include "tests/cli/CommandFixture.h"
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -13,43 +9,15 @@ namespace {
 
 constexpr const char* CURVES = "T,chi,phi\n21,0.51,0.13\n30,0.4,0.2\n38,0.45,0.3\n";
 
-/// Runs `tessara plot` with a good file "d.txt" and an existing picture "out.png" in a folder of its own.
-class PlotCommand : public testing::Test {
+/// Runs `tessara plot` with a good file "d.txt".
+class PlotCommand : public CCommandFixture {
 protected:
-    PlotCommand() {
-        m_folder.Write("d.txt", CURVES);
-        m_folder.Write("out.png", "old");
-    }
-
-    /// "@" at the front of an argument stands for the folder.
-    COMMANDRESULT Plot(std::vector<std::string> arguments) const {
-        for (std::string& strArgument : arguments) {
-            if (strArgument.starts_with('@')) {
-                strArgument.replace(0, 1, m_folder.Path(""));
-            }
-        }
-        arguments.insert(arguments.begin(), "plot");
-        return RunCommand(arguments);
-    }
-
-    void ExpectRefused(const std::vector<std::string>& arguments, const std::string& strMessage) const {
-        const std::vector<std::string> before = m_folder.List();
-        const COMMANDRESULT result = Plot(arguments);
-        EXPECT_EQ(result.nExitCode, 2) << strMessage;
-        EXPECT_EQ(result.strOutput, "");
-        EXPECT_THAT(result.strErrors, StartsWith("tessara: "));
-        EXPECT_THAT(result.strErrors, HasSubstr(strMessage));
-        EXPECT_EQ(std::count(result.strErrors.begin(), result.strErrors.end(), '\n'), 1) << result.strErrors;
-        EXPECT_EQ(m_folder.List(), before);
-        EXPECT_EQ(m_folder.Read("out.png"), "old");
-    }
-
-    const CFolder m_folder;
+    PlotCommand() : CCommandFixture("plot") { m_folder.Write("d.txt", CURVES); }
 };
 
 TEST_F(PlotCommand, NamesFileLineAndColumn) {
     m_folder.Write("bad.txt", "# note\n1 2 3\n4 5 abc\n");
-    const COMMANDRESULT result = Plot({"@bad.txt", "-o", "@out.png"});
+    const COMMANDRESULT result = Run({"@bad.txt", "-o", "@out.png"});
     EXPECT_EQ(result.strErrors, "tessara: " + m_folder.Path("bad.txt") + ":3:3: \"abc\" is not a number\n");
     EXPECT_EQ(result.nExitCode, 2);
 }
@@ -97,23 +65,7 @@ unsigned BigEndian(const std::string& strBytes, std::size_t nOffset) {
 }
 
 TEST_F(PlotCommand, WritesEachFormatWholeAndNothingElse) {
-    const struct {
-        const char* pszFile;
-        std::string strStart;
-        const char* pszInside;
-    } formats[] = {{"out.png", "\x89PNG\r\n", "IEND"},
-                   {"out.SVG", "<?xml", "</svg>"},
-                   {"out.pdf", "%PDF-", "%%EOF"},
-                   {"out.wmf", "\xD7\xCD\xC6\x9A", "Times New Roman"}};
-    for (const auto& format : formats) {
-        const COMMANDRESULT result =
-            Plot({"@d.txt", "-o", std::string("@") + format.pszFile, "--size", "640x460"});
-        EXPECT_EQ(result.nExitCode, 0) << format.pszFile;
-        EXPECT_EQ(result.strOutput + result.strErrors, "");
-        EXPECT_THAT(m_folder.Read(format.pszFile), StartsWith(format.strStart));
-        EXPECT_THAT(m_folder.Read(format.pszFile), HasSubstr(format.pszInside));
-    }
-    EXPECT_THAT(m_folder.List(), ElementsAre("d.txt", "out.SVG", "out.pdf", "out.png", "out.wmf"));
+    ExpectEachFormat({"@d.txt", "--size", "640x460"});
     EXPECT_EQ(BigEndian(m_folder.Read("out.png"), 16), 640U);
     EXPECT_EQ(BigEndian(m_folder.Read("out.png"), 20), 460U);
 }
@@ -122,8 +74,7 @@ TEST_F(PlotCommand, KeepsTheOldPictureWhenTheNewOneDoesNotFit) {
     for (const char* pszFile : {"out.png", "out.svg", "out.pdf", "out.wmf"}) {
         m_folder.Write(pszFile, "old");
         const std::vector<std::string> before = m_folder.List();
-        const COMMANDRESULT result =
-            RunCommand({"plot", m_folder.Path("d.txt"), "-o", m_folder.Path(pszFile)}, 1000);
+        const COMMANDRESULT result = Run({"@d.txt", "-o", std::string("@") + pszFile}, 1000);
         EXPECT_EQ(result.nExitCode, 2) << pszFile;
         EXPECT_EQ(result.strErrors,
                   "tessara: " + m_folder.Path(pszFile) + ": cannot be written: File too large\n");
@@ -134,38 +85,27 @@ TEST_F(PlotCommand, KeepsTheOldPictureWhenTheNewOneDoesNotFit) {
 
 TEST_F(PlotCommand, DrawsWhatTheOptionsAskFor) {
     m_folder.Write("s.txt", "T mass chi\n25 a 0.45\n35 b 0.42\n");
-    const std::vector<std::string> plain = {"@d.txt", "-o", "@out.svg"};
-    ASSERT_EQ(Plot(plain).nExitCode, 0);
-    const std::string strPlain = m_folder.Read("out.svg");
-    EXPECT_THAT(strPlain, HasSubstr("chi, phi"));
-    const std::vector<std::vector<std::string>> changes = {
-        {"--columns", "1,2"},
-        {"--symbols", "@s.txt", "--symbols-columns", "T,chi"},
-        {"--name", "Caption"},
-        {"--symbol", "c~G"},
-        {"--argument-symbol", "T, K~N"},
-        {"--slide", "M~N"},
-        {"--x-scale", "25:35:5"},
-        {"--y-scale", "-1:2:0.5"},
-        {"--fit", "xy"},
-        {"--diagonal"},
-        {"--no-legend"},
-        {"--no-caption"},
-        {"--monochrome"}};
-    for (const std::vector<std::string>& change : changes) {
-        std::vector<std::string> arguments = plain;
-        arguments.insert(arguments.end(), change.begin(), change.end());
-        const COMMANDRESULT result = Plot(arguments);
-        EXPECT_EQ(result.nExitCode, 0) << change.front();
-        EXPECT_EQ(result.strErrors, "") << change.front();
-        EXPECT_TRUE(m_folder.Read("out.svg") != strPlain) << change.front() << " draws the same";
-    }
+    ASSERT_EQ(Run({"@d.txt", "-o", "@out.svg"}).nExitCode, 0);
+    EXPECT_THAT(m_folder.Read("out.svg"), HasSubstr("chi, phi"));
+    ExpectEachChanges({"@d.txt", "-o", "@out.svg"}, {{"--columns", "1,2"},
+                                                     {"--symbols", "@s.txt", "--symbols-columns", "T,chi"},
+                                                     {"--name", "Caption"},
+                                                     {"--symbol", "c~G"},
+                                                     {"--argument-symbol", "T, K~N"},
+                                                     {"--slide", "M~N"},
+                                                     {"--x-scale", "25:35:5"},
+                                                     {"--y-scale", "-1:2:0.5"},
+                                                     {"--fit", "xy"},
+                                                     {"--diagonal"},
+                                                     {"--no-legend"},
+                                                     {"--no-caption"},
+                                                     {"--monochrome"}});
 }
 
 TEST_F(PlotCommand, TakesTheWholeWidthUnlessSomethingStandsBeside) {
     const auto draw = [&](std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), {"@d.txt", "--columns", "1,2", "-o", "@out.svg"});
-        EXPECT_EQ(Plot(arguments).nExitCode, 0);
+        EXPECT_EQ(Run(arguments).nExitCode, 0);
         return m_folder.Read("out.svg");
     };
     const std::string strWide = draw({"--argument-symbol", "T~N"});
@@ -175,7 +115,7 @@ TEST_F(PlotCommand, TakesTheWholeWidthUnlessSomethingStandsBeside) {
 }
 
 TEST_F(PlotCommand, DrawsMarkersAlone) {
-    const COMMANDRESULT result = Plot({"--symbols", "@d.txt", "-o", "@out.svg"});
+    const COMMANDRESULT result = Run({"--symbols", "@d.txt", "-o", "@out.svg"});
     EXPECT_EQ(result.nExitCode, 0);
     EXPECT_EQ(result.strErrors, "");
     EXPECT_THAT(m_folder.Read("out.svg"), HasSubstr("</svg>"));
@@ -192,15 +132,17 @@ TEST(Command, AsksForASubcommand) {
 
 TEST(Command, ShowsVersionAndHelp) {
     for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"--version"}, {"plot", "--version"}}) {
+         {std::vector<std::string>{"--version"}, {"plot", "--version"}, {"diagram", "--version"}}) {
         const COMMANDRESULT result = RunCommand(arguments);
         EXPECT_EQ(result.nExitCode, 0);
         EXPECT_THAT(result.strOutput, testing::MatchesRegex("tessara [0-9.]+\n"));
     }
-    const COMMANDRESULT help = RunCommand({"plot", "--help"});
-    EXPECT_EQ(help.nExitCode, 0);
-    EXPECT_THAT(help.strOutput, HasSubstr("tessara plot chi.txt -o chi.png"));
-    EXPECT_EQ(help.strErrors, "");
+    for (const char* pszSubcommand : {"plot", "diagram"}) {
+        const COMMANDRESULT help = RunCommand({pszSubcommand, "--help"});
+        EXPECT_EQ(help.nExitCode, 0);
+        EXPECT_THAT(help.strOutput, HasSubstr(std::string("Examples:\n  tessara ") + pszSubcommand + " "));
+        EXPECT_EQ(help.strErrors, "");
+    }
 }
 
 } // namespace
