@@ -104,6 +104,8 @@ public:
     BOOL CreateSolidBrush(COLORREF color);
     BOOL CreateBrushIndirect(const LOGBRUSH* pLogBrush);
     const LOGBRUSH& GetLogBrush() const { return m_brush; }
+    /// The brush as handlers of WM_CTLCOLOR return it.
+    operator const CBrush*() const { return this; }
 
 private:
     LOGBRUSH m_brush{BS_SOLID, 0xFFFFFF, 0};

@@ -17,7 +17,9 @@ QApplication* MakeApplication() {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !HasDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
-    return new QApplication(s_nArguments, s_arguments);
+    auto* const pApplication = new QApplication(s_nArguments, s_arguments);
+    pApplication->setQuitOnLastWindowClosed(false); // programs say when they end
+    return pApplication;
 }
 
 } // namespace

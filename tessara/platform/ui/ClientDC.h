@@ -1,0 +1,28 @@
+#pragma once
+
+#include "tessara/platform/ui/Wnd.h"
+
+/// A surface on a window's client area, in its pixels. What is drawn stays until the window is painted anew.
+class TESSARA_API CClientDC : public CDC {
+    DECLARE_DYNAMIC(CClientDC)
+
+public:
+    explicit CClientDC(CWnd* pWnd);
+    ~CClientDC() override;
+};
+
+/// The same under the framework's name for the whole window: here the frame is the desktop's.
+class TESSARA_API CWindowDC : public CClientDC {
+    DECLARE_DYNAMIC(CWindowDC)
+
+public:
+    explicit CWindowDC(CWnd* pWnd) : CClientDC(pWnd) {}
+};
+
+/// The surface of a WM_PAINT handler.
+class TESSARA_API CPaintDC : public CClientDC {
+    DECLARE_DYNAMIC(CPaintDC)
+
+public:
+    explicit CPaintDC(CWnd* pWnd) : CClientDC(pWnd) {}
+};

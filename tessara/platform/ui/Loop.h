@@ -1,0 +1,19 @@
+#pragma once
+
+#include <functional>
+
+class CWinThread;
+
+namespace tessara {
+
+/// Runs the calling thread's message loop until the condition, asked after every message, holds or the thread
+/// quits. False when it quits.
+bool RunLoopUntil(const std::function<bool()>& fnEnd);
+
+/// The code of the PostQuitMessage that ended the loop.
+int TakeExitCode();
+
+/// Makes the application's object that of the main thread.
+void EnterMainThread(CWinThread* pThread);
+
+} // namespace tessara

@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <atomic>
+
+#include "tessara/platform/qt/Peer.h"
+#include "tessara/platform/ui/ClientDC.h"
+#include "tessara/platform/ui/WinThread.h"
+#include "tessara/platform/ui/WindowTable.h"
+
+namespace {
+
+constexpr UINT WM_TEST = WM_USER + 1;
+
+/// A window that counts what is sent and posted to it and where that was handled.
+class CCounter : public CWnd {
+public:
+    std::atomic<int> m_nHeard = 0;
+    std::atomic<DWORD> m_nThread = 0;
+
+protected:
+    LRESULT OnTest(WPARAM wParam, LPARAM lParam) {
+        ++m_nHeard;
+        m_nThread = GetCurrentThreadId();
+        return static_cast<LRESULT>(wParam) + lParam;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CCounter, CWnd)
+ON_MESSAGE(WM_TEST, OnTest)
+END_MESSAGE_MAP()
+
+/// Owns a window, says when it is there, and ends when that is destroyed.
+class CWindowThread : public CWinThread {
+public:
+    explicit CWindowThread(HANDLE hReady) : m_hReady(hReady) {}
+    CCounter m_counter;
+    std::atomic<int> m_nPosted = 0;
+
+protected:
+    BOOL InitInstance() override {
+        m_counter.Create(nullptr, "Other", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 80, 60), nullptr, 0);
+        m_pMainWnd = &m_counter;
+        SetEvent(m_hReady);
+        return TRUE;
+    }
+    void OnPosted(WPARAM wParam, LPARAM) { m_nPosted += static_cast<int>(wParam); }
+    void OnEnd(WPARAM, LPARAM) { m_counter.DestroyWindow(); }
+    DECLARE_MESSAGE_MAP()
+
+private:
+    HANDLE m_hReady;
+};
+
+BEGIN_MESSAGE_MAP(CWindowThread, CWinThread)
+ON_THREAD_MESSAGE(WM_TEST, OnPosted)
+ON_THREAD_MESSAGE(WM_TEST + 1, OnEnd)
+END_MESSAGE_MAP()
+
+class ThreadTest : public ::testing::Test {
+protected:
+    ThreadTest()
+        : m_hReady(CreateEvent(nullptr, FALSE, FALSE, nullptr)), m_pThread(new CWindowThread(m_hReady)) {
+        m_pThread->m_bAutoDelete = FALSE;
+        EXPECT_TRUE(m_pThread->CreateThread());
+        EXPECT_EQ(WaitForSingleObject(m_hReady, INFINITE), WAIT_OBJECT_0);
+    }
+    ~ThreadTest() override {
+        m_pThread->PostThreadMessage(WM_TEST + 1, 0, 0);
+        EXPECT_EQ(WaitForSingleObject(m_pThread->m_hThread, INFINITE), WAIT_OBJECT_0);
+        CloseHandle(m_hReady);
+    }
+
+    HANDLE m_hReady;
+    std::unique_ptr<CWindowThread> m_pThread;
+};
+
+TEST_F(ThreadTest, MessagesAreHandledByTheThreadThatOwnsTheWindow) {
+    EXPECT_EQ(m_pThread->m_counter.SendMessage(WM_TEST, 40, 2), 42);
+    EXPECT_EQ(m_pThread->m_counter.m_nThread, m_pThread->m_nThreadID);
+    for (int i = 0; i < 100; ++i) {
+        EXPECT_TRUE(m_pThread->m_counter.PostMessage(WM_TEST));
+        EXPECT_TRUE(m_pThread->PostThreadMessage(WM_TEST, 1, 0));
+    }
+    m_pThread->m_counter.SendMessage(WM_NULL);
+    while (m_pThread->m_nPosted < 100 || m_pThread->m_counter.m_nHeard < 101) {
+        Sleep(1);
+    }
+}
+
+TEST_F(ThreadTest, WidgetsOfAnotherThreadLiveOnTheMainOneAndMayBeDrawnOnFromThere) {
+    tessara::CPeer* const pPeer = tessara::CPeer::Find(m_pThread->m_counter.m_hWnd);
+    ASSERT_NE(pPeer, nullptr);
+    EXPECT_EQ(pPeer->GetWidget().thread(), QApplication::instance()->thread());
+    CClientDC dc(&m_pThread->m_counter);
+    EXPECT_EQ(dc.GetPixel(10, 10), 0xFFFFFF & dc.GetPixel(20, 20));
+}
+
+UINT SendBack(void* pParam) {
+    auto* const pCounter = static_cast<CCounter*>(pParam);
+    for (int i = 0; i < 1000; ++i) {
+        pCounter->SendMessage(WM_TEST, 1, 2);
+    }
+    return 0;
+}
+
+TEST_F(ThreadTest, TwoThreadsThatCallEachOtherBothGetTheirAnswer) {
+    CCounter here;
+    ASSERT_TRUE(here.Create(nullptr, "", WS_OVERLAPPEDWINDOW, CRect(0, 0, 9, 9), nullptr, 0));
+    auto pSender = std::make_unique<CWinThread>(&SendBack, &here);
+    pSender->m_bAutoDelete = FALSE;
+    ASSERT_TRUE(pSender->CreateThread());
+    for (int i = 0; i < 1000; ++i) {
+        m_pThread->m_counter.SendMessage(WM_TEST, 1, 2);
+    }
+    EXPECT_EQ(WaitForSingleObject(pSender->m_hThread, INFINITE), WAIT_OBJECT_0);
+    EXPECT_EQ(here.m_nHeard, 1000);
+    EXPECT_EQ(m_pThread->m_counter.m_nHeard, 1000);
+}
+
+TEST(Wait, EndsByItsSignalItsTimeOrTheEndOfItsHandle) {
+    const HANDLE hManual = CreateEvent(nullptr, TRUE, TRUE, nullptr);
+    EXPECT_EQ(WaitForSingleObject(hManual, 0), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(hManual, 0), WAIT_OBJECT_0);
+    const HANDLE hOnce = CreateEvent(nullptr, FALSE, TRUE, nullptr);
+    EXPECT_EQ(WaitForSingleObject(hOnce, 0), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(hOnce, 5), WAIT_TIMEOUT);
+    EXPECT_TRUE(SetEvent(hOnce));
+    EXPECT_EQ(WaitForSingleObject(hOnce, INFINITE), WAIT_OBJECT_0);
+    EXPECT_TRUE(CloseHandle(hOnce));
+    EXPECT_TRUE(CloseHandle(hManual));
+    EXPECT_FALSE(SetEvent(hOnce));
+    EXPECT_EQ(WaitForSingleObject(hOnce, INFINITE), WAIT_FAILED);
+}
+
+} // namespace
