@@ -57,7 +57,7 @@ public:
     }
     void Test(const tessara::CSegment& a, int nRowA, const tessara::CSegment& b, int nRowB) {
         double x, y;
-        if (tessara::CrossWithinBoxes(a, b, x, y)) {
+        if (tessara::Cross(a, b, x, y)) {
             m_crossings.push_back({nRowA, nRowB, x, y});
         }
     }

@@ -42,22 +42,25 @@ CBoxTree::CBoxTree(const CPolylines& lines)
 }
 
 void CBoxTree::AddLevels() {
-    std::vector<CBox> below;
-    below.reserve(m_ranges.size());
-    for (const CSegmentRange& range : m_ranges) {
-        below.push_back(range.box);
+    std::vector<CBox> boxes =
+        AddLevel(m_ranges.size(), [&](std::size_t i) -> const CBox& { return m_ranges[i].box; });
+    while (boxes.size() > 1) {
+        boxes = AddLevel(boxes.size(), [&](std::size_t i) -> const CBox& { return boxes[i]; });
     }
-    do {
-        const std::size_t nNodes = (below.size() + FANOUT - 1) / FANOUT;
-        std::vector<CEightBoxes>& level = m_levels.emplace_back(nNodes);
-        std::vector<CBox> boxes(nNodes, EmptyBox());
-        for (std::size_t i = 0; i < below.size(); ++i) {
-            level[i / FANOUT].Set(static_cast<int>(i % FANOUT), below[i]);
-            Extend(boxes[i / FANOUT], below[i]);
-        }
-        below.swap(boxes);
-    } while (below.size() > 1);
-    m_bounds = below[0];
+    m_bounds = boxes[0];
+}
+
+/// Puts a level of nodes above nBelow boxes; their boxes.
+template <class BOX>
+std::vector<CBox> CBoxTree::AddLevel(std::size_t nBelow, BOX box) {
+    const std::size_t nNodes = (nBelow + FANOUT - 1) / FANOUT;
+    std::vector<CEightBoxes>& level = m_levels.emplace_back(nNodes);
+    std::vector<CBox> boxes(nNodes, EmptyBox());
+    for (std::size_t i = 0; i < nBelow; ++i) {
+        level[i / FANOUT].Set(static_cast<int>(i % FANOUT), box(i));
+        Extend(boxes[i / FANOUT], box(i));
+    }
+    return boxes;
 }
 
 } // namespace tessara

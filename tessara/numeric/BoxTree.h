@@ -38,6 +38,8 @@ private:
     static constexpr int FANOUT = CEightBoxes::COUNT;
 
     void AddLevels();
+    template <class BOX>
+    std::vector<CBox> AddLevel(std::size_t nBelow, BOX box);
 
     const CPolylines& m_lines;
     std::vector<CSegmentRange> m_ranges;

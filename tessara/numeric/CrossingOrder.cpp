@@ -10,9 +10,9 @@ bool Precedes(const CCrossing& a, const CCrossing& b) {
 }
 
 /// Where the crossings of each nA begin, and one more entry for the end.
-std::vector<std::size_t> FirstPlaces(const std::vector<CCrossing>& crossings, int nCountA) {
+std::vector<std::size_t> FirstPlaces(const CCrossingList& crossings, int nCountA) {
     std::vector<std::size_t> places(static_cast<std::size_t>(nCountA) + 1);
-    for (const CCrossing& crossing : crossings) {
+    for (const CCrossing& crossing : crossings.All()) {
         ++places[static_cast<std::size_t>(crossing.nA) + 1];
     }
     for (std::size_t i = 1; i < places.size(); ++i) {
@@ -23,26 +23,27 @@ std::vector<std::size_t> FirstPlaces(const std::vector<CCrossing>& crossings, in
 
 } // namespace
 
-void SortCrossings(std::vector<CCrossing>& crossings, int nCountA) {
+CCrossingList SortedCrossings(CCrossingList crossings, int nCountA) {
     // Counting looks at every nA: not worth while for few crossings.
-    if (crossings.size() < static_cast<std::size_t>(nCountA) / 16) {
-        std::sort(crossings.begin(), crossings.end(), Precedes);
-        return;
+    if (crossings.Size() < static_cast<std::size_t>(nCountA) / 16) {
+        std::sort(crossings.All().begin(), crossings.All().end(), Precedes);
+        return crossings;
     }
     std::vector<std::size_t> places = FirstPlaces(crossings, nCountA);
-    std::vector<CCrossing> sorted(crossings.size());
-    for (const CCrossing& crossing : crossings) {
-        sorted[places[static_cast<std::size_t>(crossing.nA)]++] = crossing;
+    CCrossingList sorted;
+    CCrossing* pSorted = sorted.Room(crossings.Size());
+    for (const CCrossing& crossing : crossings.All()) {
+        pSorted[places[static_cast<std::size_t>(crossing.nA)]++] = crossing;
     }
+    sorted.Keep(crossings.Size());
     // Each place is now the end of its group.
     std::size_t nBegin = 0;
     for (int nA = 0; nA < nCountA; ++nA) {
         const std::size_t nEnd = places[static_cast<std::size_t>(nA)];
-        std::sort(sorted.begin() + static_cast<std::ptrdiff_t>(nBegin),
-                  sorted.begin() + static_cast<std::ptrdiff_t>(nEnd), Precedes);
+        std::sort(pSorted + nBegin, pSorted + nEnd, Precedes);
         nBegin = nEnd;
     }
-    crossings.swap(sorted);
+    return sorted;
 }
 
 } // namespace tessara

@@ -13,6 +13,7 @@
 namespace {
 
 using tessara::CCrossing;
+using tessara::CCrossingList;
 
 /// One of the two tables that cross, and the plane in it.
 struct CSide {
@@ -45,6 +46,8 @@ void SetParts(CMultipartTable& table, int nParts) {
         const int nMore = nBeyond / tessara::PARTS_GROWTH * tessara::PARTS_GROWTH + tessara::PARTS_GROWTH;
         const int nMaxParts = tessara::AddCounts(tessara::INITIAL_PARTS, nMore);
         tessara::ResizeArray(table.m_pParts, nMaxParts);
+        tessara::PreferLargePages(table.m_pParts,
+                                  static_cast<std::size_t>(nMaxParts) * sizeof *table.m_pParts);
         table.m_nMaxParts = nMaxParts;
     }
     for (int i = 0; i < nParts; ++i) {
@@ -54,21 +57,22 @@ void SetParts(CMultipartTable& table, int nParts) {
 }
 
 /// The table of the crossings: for each the row seen from the second side, then the one from the first.
-CMultipartTable* MakeTable(const std::vector<CCrossing>& crossings, const CSide& a, const CSide& b) {
-    if (crossings.empty()) {
+CMultipartTable* MakeTable(const CCrossingList& crossings, const CSide& a, const CSide& b) {
+    if (crossings.Size() == 0) {
         return nullptr;
     }
     const int nColumns = std::max(a.table.m_nDimensions, b.table.m_nDimensions);
     auto pResult = tessara::NewObject<CMultipartTable>(nColumns);
-    pResult->Allocate(static_cast<int>(2 * crossings.size()));
+    pResult->Allocate(static_cast<int>(2 * crossings.Size()));
     for (int k = 0; k < nColumns; ++k) {
         double* pValue = pResult->m_ppData[k];
-        for (const CCrossing& crossing : crossings) {
+        tessara::PreferLargePages(pValue, 2 * crossings.Size() * sizeof *pValue);
+        for (const CCrossing& crossing : crossings.All()) {
             *pValue++ = b.Value(k, b.lines.Row(crossing.nB), crossing);
             *pValue++ = a.Value(k, a.lines.Row(crossing.nA), crossing);
         }
     }
-    SetParts(*pResult, static_cast<int>(crossings.size()));
+    SetParts(*pResult, static_cast<int>(crossings.Size()));
     return pResult.release();
 }
 
@@ -87,8 +91,8 @@ CMultipartTable* WithMemoryException(FUNCTION function) {
 CMultipartTable* Find2DSelfIntersections(CMultipartTable* pTable, int nX, int nY) {
     return WithMemoryException([&] {
         const tessara::CPolylines lines(*pTable, nX, nY);
-        std::vector<CCrossing> crossings = tessara::SearchSelfCrossings(lines);
-        tessara::SortCrossings(crossings, lines.Count());
+        const CCrossingList crossings =
+            tessara::SortedCrossings(tessara::SearchSelfCrossings(lines), lines.Count());
         const CSide side{*pTable, lines, nX, nY};
         return MakeTable(crossings, side, side);
     });
@@ -99,8 +103,7 @@ CMultipartTable* FindIntersections(CMultipartTable* pA, CMultipartTable* pB, int
     return WithMemoryException([&] {
         const tessara::CPolylines a(*pA, nXA, nYA);
         const tessara::CPolylines b(*pB, nXB, nYB);
-        std::vector<CCrossing> crossings = tessara::SearchCrossings(a, b);
-        tessara::SortCrossings(crossings, a.Count());
+        const CCrossingList crossings = tessara::SortedCrossings(tessara::SearchCrossings(a, b), a.Count());
         return MakeTable(crossings, {*pA, a, nXA, nYA}, {*pB, b, nXB, nYB});
     });
 }

@@ -21,10 +21,10 @@
 // a part that the table does not have, are passed over; parts may overlap.
 //
 // Method. Segments are cut into monotone chains, or into groups of a few where the polyline turns often,
-// under a tree of boxes. Pairs whose boxes meet are found by descending the tree, and chains by bisection;
-// then each pair is tested, and the crossings are sorted by counting. For n segments and k crossings of a
-// smooth curve this takes about n + k log n steps, for others about n log n and one for each pair of segments
-// whose boxes meet; memory is proportional to n + k.
+// under a tree of boxes, eight to a node. Pairs whose boxes meet are found by descending the tree, and long
+// chains in eighths; then each pair is tested, and the crossings are sorted by counting. For n segments and k
+// crossings of a smooth curve this takes about n + k log n steps, for others about n log n and one for each
+// pair of segments whose boxes meet; memory is proportional to n + k.
 //
 // Running out of memory, and more crossings than a table has rows for (2^30 - 1), throw CMemoryException; the
 // tables are never changed. Column indices are not checked. Any number of threads may search tables that none

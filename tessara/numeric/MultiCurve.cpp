@@ -86,6 +86,9 @@ void CMultiCurve::ReAllocate(int nPoints) {
 }
 
 void CMultiCurve::SetDimensions(int nDimensions) {
+    if (nDimensions < 0) {
+        AfxThrowMemoryException(); // as every impossible count, and before anything is dropped
+    }
     if (nDimensions != m_nDimensions) {
         Free();
         SetColumnCount(nDimensions);

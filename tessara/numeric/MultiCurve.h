@@ -28,7 +28,8 @@ public:
     void Free();
     /// Changes the number of points, keeping the leading ones.
     void ReAllocate(int nPoints);
-    /// Changes the number of columns, which drops the points; the current number changes nothing.
+    /// Changes the number of columns, which drops the points; the current number changes nothing, nor does a
+    /// negative one, which throws CMemoryException.
     void SetDimensions(int nDimensions);
 
     /// The smallest ordinate of a column; the first of equal ones, NaN without points.

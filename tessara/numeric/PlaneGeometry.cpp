@@ -4,22 +4,25 @@
 #include <cmath>
 #include <utility>
 
+#include "tessara/numeric/SegmentCrossing.h"
+
 namespace {
 
-struct CBox {
-    CBox(CDoublePoint pt1, CDoublePoint pt2)
-        : dLeft(std::min(pt1.x, pt2.x)), dRight(std::max(pt1.x, pt2.x)), dBottom(std::min(pt1.y, pt2.y)),
-          dTop(std::max(pt1.y, pt2.y)) {}
+using CLine = tessara::CLine<double>;
 
-    bool Contains(CDoublePoint pt) const {
-        return dLeft <= pt.x && pt.x <= dRight && dBottom <= pt.y && pt.y <= dTop;
-    }
-    bool IsApartFrom(const CBox& other) const {
-        return dLeft > other.dRight || dBottom > other.dTop || other.dLeft > dRight || other.dBottom > dTop;
-    }
+CLine LineThrough(CDoublePoint pt1, CDoublePoint pt2) {
+    return {pt1.x, pt1.y, pt2.x, pt2.y};
+}
 
-    double dLeft, dRight, dBottom, dTop;
-};
+/// Leaves the point alone when the lines are parallel.
+int CrossPoint(const CLine& a, const CLine& b, CDoublePoint& ptCross) {
+    CDoublePoint ptMeet;
+    if (!Meet(a, b, ptMeet.x, ptMeet.y)) {
+        return 0;
+    }
+    ptCross = ptMeet;
+    return 1;
+}
 
 int Sign(double dValue) {
     return (dValue > 0) - (dValue < 0);
@@ -66,44 +69,22 @@ bool ObliqueSegmentMeetsDisc(CDoublePoint pt1, CDoublePoint pt2, double r) {
 } // namespace
 
 void LineEquation(CDoublePoint pt1, CDoublePoint pt2, double* const pLine) {
-    if (pt1.x == pt2.x) {
-        pLine[0] = 1;
-        pLine[1] = 0;
-        pLine[2] = -pt1.x;
-    } else if (pt1.y == pt2.y) {
-        pLine[0] = 0;
-        pLine[1] = 1;
-        pLine[2] = -pt1.y;
-    } else {
-        pLine[0] = 1 / (pt2.x - pt1.x);
-        pLine[1] = -1 / (pt2.y - pt1.y);
-        pLine[2] = -pt1.x * pLine[0] + pt1.y / (pt2.y - pt1.y);
-    }
+    const CLine line = LineThrough(pt1, pt2);
+    pLine[0] = line.a;
+    pLine[1] = line.b;
+    pLine[2] = line.c;
 }
 
 int LinesCrossPoint(double* const pLine1, double* const pLine2, CDoublePoint& ptCross) {
-    const double dDeterminant = pLine1[0] * pLine2[1] - pLine1[1] * pLine2[0];
-    if (dDeterminant == 0) {
-        return 0;
-    }
-    const double dInverse = 1 / dDeterminant;
-    ptCross.x = (pLine1[1] * pLine2[2] - pLine1[2] * pLine2[1]) * dInverse;
-    ptCross.y = (pLine1[2] * pLine2[0] - pLine1[0] * pLine2[2]) * dInverse;
-    return 1;
+    return CrossPoint({pLine1[0], pLine1[1], pLine1[2]}, {pLine2[0], pLine2[1], pLine2[2]}, ptCross);
 }
 
 int SegmentsCrossPoint(CDoublePoint ptA1, CDoublePoint ptA2, CDoublePoint ptB1, CDoublePoint ptB2,
                        CDoublePoint& ptCross) {
-    const CBox a(ptA1, ptA2);
-    const CBox b(ptB1, ptB2);
-    if (a.IsApartFrom(b)) {
-        return 0;
-    }
-    double lineA[3];
-    double lineB[3];
-    LineEquation(ptA1, ptA2, lineA);
-    LineEquation(ptB1, ptB2, lineB);
-    return LinesCrossPoint(lineA, lineB, ptCross) && a.Contains(ptCross) && b.Contains(ptCross);
+    const tessara::CBounds a({ptA1.x, ptA1.y, ptA2.x, ptA2.y});
+    const tessara::CBounds b({ptB1.x, ptB1.y, ptB2.x, ptB2.y});
+    return !Apart(a, b) && CrossPoint(LineThrough(ptA1, ptA2), LineThrough(ptB1, ptB2), ptCross) &&
+           a.Contain(ptCross.x, ptCross.y) && b.Contain(ptCross.x, ptCross.y);
 }
 
 int IsSegmentIntersectsCircle(double x1, double y1, double x2, double y2, double xc, double yc, double r) {

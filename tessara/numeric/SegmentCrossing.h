@@ -4,7 +4,7 @@
 
 #include "tessara/numeric/SegmentBox.h"
 
-// The test that decides whether two segments cross, and where, from their end points alone.
+// Lines through two points, and whether and where two segments cross, from their end points alone.
 
 namespace tessara {
 
@@ -32,40 +32,51 @@ inline bool Apart(const CBounds& a, const CBounds& b) {
     return (a.dMinX > b.dMaxX) | (b.dMaxY < a.dMinY) | (a.dMaxX < b.dMinX) | (a.dMaxY < b.dMinY);
 }
 
-/// The lines a x + b y + c = 0 through both ends of two segments, one in each lane; a vertical one through a
-/// segment of length zero.
-struct CTwoLines {
-    CTwoLines(const CSegment& s, const CSegment& t) {
-        const CLanes x1 = {s.x1, t.x1}, y1 = {s.y1, t.y1};
-        const CLanes x2 = {s.x2, t.x2}, y2 = {s.y2, t.y2};
-        const CLanes zero = BothLanes(0), one = BothLanes(1);
-        const CLaneMask vertical = x1 == x2;
-        const CLaneMask level = y1 == y2;
+/// The line a x + b y + c = 0 through two points in two-point form, a vertical one through equal points.
+/// NUMBER is double, or CLanes for two lines side by side.
+template <class NUMBER>
+struct CLine {
+    CLine(NUMBER x1, NUMBER y1, NUMBER x2, NUMBER y2) {
+        const NUMBER zero{};
+        const NUMBER one = zero + 1.0;
+        const auto vertical = x1 == x2;
+        const auto level = y1 == y2;
         // What is divided by zero here is not selected.
-        const CLanes obliqueA = one / (x2 - x1);
-        const CLanes obliqueB = -one / (y2 - y1);
-        const CLanes obliqueC = -x1 * obliqueA + y1 / (y2 - y1);
+        const NUMBER obliqueA = one / (x2 - x1);
+        const NUMBER obliqueB = -one / (y2 - y1);
+        const NUMBER obliqueC = -x1 * obliqueA + y1 / (y2 - y1);
         a = vertical ? one : level ? zero : obliqueA;
         b = vertical ? zero : level ? one : obliqueB;
         c = vertical ? -x1 : level ? -y1 : obliqueC;
     }
 
-    CLanes a, b, c;
+    CLine(NUMBER dA, NUMBER dB, NUMBER dC) : a(dA), b(dB), c(dC) {}
+
+    NUMBER a, b, c;
 };
+
+/// One of two lines side by side.
+inline CLine<double> Lane(const CLine<CLanes>& lines, int i) {
+    return {lines.a[i], lines.b[i], lines.c[i]};
+}
+
+/// Whether two lines are not parallel, and the point where they meet. Without branches: what parallel lines
+/// give is no point.
+inline bool Meet(const CLine<double>& a, const CLine<double>& b, double& x, double& y) {
+    const double dDeterminant = a.a * b.b - a.b * b.a;
+    const double dInverse = 1 / dDeterminant;
+    x = (a.b * b.c - a.c * b.b) * dInverse;
+    y = (a.c * b.a - a.a * b.c) * dInverse;
+    return dDeterminant != 0;
+}
 
 /// Whether segments a and b cross, and the point: where their lines meet, when this lies within both bounding
 /// boxes, and for parallel lines nowhere. The order of the two segments matters to the last bits of the
-/// point. REQUIRES: the boxes are not apart.
-inline bool CrossWithinBoxes(const CSegment& a, const CSegment& b, double& x, double& y) {
-    const CTwoLines lines(a, b);
-    const double dDeterminant = lines.a[0] * lines.b[1] - lines.b[0] * lines.a[1];
-    if (dDeterminant == 0) {
-        return false;
-    }
-    const double dInverse = 1 / dDeterminant;
-    x = (lines.b[0] * lines.c[1] - lines.c[0] * lines.b[1]) * dInverse;
-    y = (lines.c[0] * lines.a[1] - lines.a[0] * lines.c[1]) * dInverse;
-    return CBounds(a).Contain(x, y) & CBounds(b).Contain(x, y);
+/// point. Boxes that are apart have no point in common, so this needs no test of its own.
+inline bool Cross(const CSegment& a, const CSegment& b, double& x, double& y) {
+    const CLine<CLanes> lines(CLanes{a.x1, b.x1}, CLanes{a.y1, b.y1}, CLanes{a.x2, b.x2}, CLanes{a.y2, b.y2});
+    const bool bMeet = Meet(Lane(lines, 0), Lane(lines, 1), x, y);
+    return bMeet & CBounds(a).Contain(x, y) & CBounds(b).Contain(x, y);
 }
 
 } // namespace tessara

@@ -47,8 +47,11 @@ public:
     /// How many of the first nCount segments, in whole leaves, go on as the first one.
     int Length(int nCount) const {
         int i = 0;
-        while (nCount - i >= LEAF_SEGMENTS && LeafGoesOn(i)) {
+        while (nCount - i >= LEAF_SEGMENTS && GoOn<LEAF_SEGMENTS>(i)) {
             i += LEAF_SEGMENTS;
+            while (nCount - i >= MANY && GoOn<MANY>(i)) {
+                i += MANY;
+            }
         }
         return i;
     }
@@ -58,9 +61,12 @@ public:
     }
 
 private:
-    bool LeafGoesOn(int nFirst) const {
+    static constexpr int MANY = 4 * LEAF_SEGMENTS; ///< checked at once where a leaf went on
+
+    template <int COUNT>
+    bool GoOn(int nFirst) const {
         CLaneMask less = {-1, -1};
-        for (int i = nFirst; i < nFirst + LEAF_SEGMENTS; i += 2) {
+        for (int i = nFirst; i < nFirst + COUNT; i += 2) {
             less &= (LoadLanes(m_pLowX + i) < LoadLanes(m_pHighX + i)) &
                     (LoadLanes(m_pLowY + i) < LoadLanes(m_pHighY + i));
         }

@@ -2,15 +2,22 @@
 
 #include <vector>
 
+#include "tessara/numeric/EightBoxes.h"
 #include "tessara/numeric/Polylines.h"
-#include "tessara/numeric/SegmentBox.h"
 
 namespace tessara {
 
-/// The most segments that are tested one by one.
-constexpr int LEAF_SEGMENTS = 8;
-/// The most segments of a monotone range: shorter ranges have tighter boxes, longer ones are fewer.
-constexpr int MAX_CHAIN_SEGMENTS = 64;
+/// The most segments of a leaf.
+constexpr int LEAF_SEGMENTS = CEightBoxes::COUNT;
+/// The most segments of a monotone range, which are eight leaves: shorter ranges have tighter boxes, longer
+/// ones are fewer.
+constexpr int MAX_CHAIN_SEGMENTS = CEightBoxes::COUNT * LEAF_SEGMENTS;
+
+/// Consecutive segments of one part whose boxes are compared with those of others all at once.
+struct CLeaf {
+    int nFirst;
+    int nCount;
+};
 
 /// Consecutive segments of one part and a box around them.
 struct CSegmentRange {
@@ -19,6 +26,9 @@ struct CSegmentRange {
         chain, ///< monotone in x and in y and nowhere at rest: no two of its segments meet unless neighbours
         point  ///< segments of length zero: no two of them cross, nor do those of two such ranges
     };
+
+    bool IsLeaf() const { return nCount <= LEAF_SEGMENTS; }
+    CLeaf Leaf() const { return {nFirst, nCount}; }
 
     CBox box;
     int nFirst;

@@ -53,13 +53,22 @@ struct CFreeArray {
 template <class TYPE>
 using CScratchArray = std::unique_ptr<TYPE[], CFreeArray>;
 
+/// Resizes such an array, keeping the leading values. When it fails, the array is as it was.
+template <class TYPE>
+void ResizeScratchArray(CScratchArray<TYPE>& array, std::int64_t nCount) {
+    TYPE* pArray = array.get();
+    ResizeArray(pArray, nCount);
+    (void)array.release(); // it is pArray now
+    array.reset(pArray);
+    PreferLargePages(pArray, static_cast<std::size_t>(nCount) * sizeof(TYPE));
+}
+
 /// A new array, undefined.
 template <class TYPE>
 CScratchArray<TYPE> NewScratchArray(std::int64_t nCount) {
-    TYPE* pArray = nullptr;
-    ResizeArray(pArray, nCount);
-    PreferLargePages(pArray, static_cast<std::size_t>(nCount) * sizeof(TYPE));
-    return CScratchArray<TYPE>(pArray);
+    CScratchArray<TYPE> array;
+    ResizeScratchArray(array, nCount);
+    return array;
 }
 
 /// nCount + nMore as the size of an array.

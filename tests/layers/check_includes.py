@@ -32,7 +32,7 @@ UMBRELLA = "tessara/tessara.h"
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]', re.MULTILINE)
 QT_HEADER = re.compile(r"Q[A-Za-z]\w*(/|$)")
-STANDARD_HEADER = re.compile(r"[a-z_0-9]+$")  # neither folder nor ending
+STANDARD_HEADER = re.compile(r"[a-z_0-9]+$|immintrin\.h$")  # neither folder nor ending; the compiler's own
 
 
 def sources(root, folder):

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <memory>
+#include <vector>
 
 #include "tessara/numeric/Curve.h"
 #include "tessara/numeric/MultipartTable.h"
@@ -25,17 +27,15 @@ struct CPlane {
         return MinX(i) <= x && x <= MaxX(i) && MinY(i) <= y && y <= MaxY(i);
     }
 
-    void Line(int i, double* pLine) const {
+    std::array<double, 3> Line(int i) const {
         const double x1 = X(i), y1 = Y(i), x2 = X(i + 1), y2 = Y(i + 1);
         if (x1 == x2) {
-            pLine[0] = 1, pLine[1] = 0, pLine[2] = -x1;
-        } else if (y1 == y2) {
-            pLine[0] = 0, pLine[1] = 1, pLine[2] = -y1;
-        } else {
-            pLine[0] = 1 / (x2 - x1);
-            pLine[1] = -1 / (y2 - y1);
-            pLine[2] = -x1 * pLine[0] + y1 / (y2 - y1);
+            return {1, 0, -x1};
         }
+        if (y1 == y2) {
+            return {0, 1, -y1};
+        }
+        return {1 / (x2 - x1), -1 / (y2 - y1), -x1 * (1 / (x2 - x1)) + y1 / (y2 - y1)};
     }
 };
 
@@ -43,9 +43,7 @@ inline bool Cross(const CPlane& a, int i, const CPlane& b, int j, double& x, dou
     if (a.MinX(i) > b.MaxX(j) || b.MaxY(j) < a.MinY(i) || a.MaxX(i) < b.MinX(j) || a.MaxY(i) < b.MinY(j)) {
         return false;
     }
-    double lineA[3], lineB[3];
-    a.Line(i, lineA);
-    b.Line(j, lineB);
+    const auto lineA = a.Line(i), lineB = b.Line(j);
     const double dDeterminant = lineA[0] * lineB[1] - lineA[1] * lineB[0];
     if (dDeterminant == 0) {
         return false;
@@ -69,48 +67,44 @@ void ForEachSegment(const CMultipartTable& table, ACTION action) {
     }
 }
 
-/// The rows found, as the library stores them while it has them: 1024 at first, then 512 more at a time.
+/// The rows found: two for each crossing, a part of their own.
 class CResult {
 public:
-    explicit CResult(int nColumns) : m_pTable(std::make_unique<CMultipartTable>(nColumns)) {
-        m_pTable->Allocate(1024);
-    }
+    explicit CResult(int nColumns) : m_nColumns(nColumns) {}
 
     void Add(const CPlane& b, int j, const CPlane& a, int i, double x, double y) {
-        m_pTable->BeginPart(m_nRows, 0);
         AddRow(b, j, x, y);
         AddRow(a, i, x, y);
-        m_pTable->EndPart(m_nRows - 1);
     }
 
-    std::unique_ptr<CMultipartTable> Take() {
-        if (m_nRows == 0) {
-            return nullptr;
+    std::unique_ptr<CMultipartTable> Take() const {
+        auto pTable = std::make_unique<CMultipartTable>(m_nColumns);
+        const int nRows = static_cast<int>(m_Rows.size());
+        pTable->Allocate(nRows);
+        for (int i = 0; i < nRows; ++i) {
+            for (int k = 0; k < m_nColumns; ++k) {
+                pTable->m_ppData[k][i] = m_Rows[static_cast<std::size_t>(i)][static_cast<std::size_t>(k)];
+            }
+            i % 2 ? pTable->EndPart(i) : pTable->BeginPart(i, 0);
         }
-        m_pTable->ReAllocate(m_nRows);
-        return std::move(m_pTable);
+        return nRows > 0 ? std::move(pTable) : nullptr;
     }
 
 private:
     void AddRow(const CPlane& seen, int i, double x, double y) {
-        for (int k = 0; k < m_pTable->m_nDimensions; ++k) {
-            double& dValue = m_pTable->m_ppData[k][m_nRows];
-            if (k >= seen.table.m_nDimensions) {
-                dValue = 0;
-            } else if (k == seen.nX || k == seen.nY) {
-                dValue = k == seen.nY ? y : x;
-            } else {
-                const double* pColumn = seen.table.m_ppData[k];
-                dValue = LinearInterpolation(y, pColumn[i + 1], pColumn[i], seen.Y(i + 1), seen.Y(i));
-            }
-        }
-        if (++m_nRows == m_pTable->m_nPoints) {
-            m_pTable->ReAllocate(m_nRows + 512);
+        auto& row = m_Rows.emplace_back();
+        for (int k = 0; k < m_nColumns; ++k) {
+            const double* pColumn = k < seen.table.m_nDimensions ? seen.table.m_ppData[k] : nullptr;
+            row.push_back(k == seen.nY   ? y
+                          : k == seen.nX ? x
+                          : pColumn
+                              ? LinearInterpolation(y, pColumn[i + 1], pColumn[i], seen.Y(i + 1), seen.Y(i))
+                              : 0);
         }
     }
 
-    std::unique_ptr<CMultipartTable> m_pTable;
-    int m_nRows = 0;
+    int m_nColumns;
+    std::vector<std::vector<double>> m_Rows;
 };
 
 inline std::unique_ptr<CMultipartTable> SelfIntersections(const CMultipartTable& table, int nX, int nY) {

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <memory>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tessara/numeric/CrossingSearch.h"
@@ -13,8 +12,6 @@
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using CRows = std::initializer_list<std::initializer_list<double>>;
 
 /// A table whose parts are given by their rows.
@@ -29,105 +26,42 @@ std::unique_ptr<CMultipartTable> Table(int nColumns, std::initializer_list<CRows
     return pTable;
 }
 
-std::vector<std::vector<double>> SelfRows(int nColumns, std::initializer_list<CRows> parts) {
-    const auto pTable = Table(nColumns, parts);
-    const std::unique_ptr<CMultipartTable> pResult(Find2DSelfIntersections(pTable.get(), 0, 1));
-    return samples::Rows(pResult.get());
-}
-
-TEST(Intersections, AFigureEightCrossesItselfOnce) {
-    const auto pTable = Table(2, {{{0, 0}, {2, 2}, {2, 0}, {0, 2}}});
-    const std::unique_ptr<CMultipartTable> pResult(Find2DSelfIntersections(pTable.get(), 0, 1));
-    ASSERT_TRUE(pResult);
-    EXPECT_THAT(samples::Rows(pResult.get()), ElementsAre(ElementsAre(1, 1), ElementsAre(1, 1)));
-    EXPECT_EQ(pResult->m_nParts, 1);
-    EXPECT_EQ(pResult->m_pParts[0].nFirst, 0);
-    EXPECT_EQ(pResult->m_pParts[0].nPoints, 2);
-    EXPECT_EQ(pResult->m_pParts[0].nColor, 0);
-    EXPECT_EQ(pResult->GetNumColors(), 1);
-}
-
-TEST(Intersections, NeighboursThatShareAPointDoNotCross) {
-    EXPECT_THAT(SelfRows(2, {{{0, 0}, {2, 0}, {2, 2}, {5, 2}}}), IsEmpty());
-    EXPECT_THAT(SelfRows(2, {{{0, 0}, {2, 1}}, {{2, 3}, {2, 4}}}), IsEmpty());
-}
-
-TEST(Intersections, APointHeldForARowIsACrossingOfTheSegmentsAroundIt) {
-    EXPECT_THAT(SelfRows(2, {{{0, 0}, {1, 1}, {1, 1}, {2, 0}}}),
-                ElementsAre(ElementsAre(1, 1), ElementsAre(1, 1)));
-}
-
-TEST(Intersections, TwoPartsCrossOnce) {
-    EXPECT_THAT(SelfRows(2, {{{0, 0}, {2, 2}}, {{0, 2}, {2, 0}}}),
-                ElementsAre(ElementsAre(1, 1), ElementsAre(1, 1)));
-}
-
-TEST(Intersections, CollinearSegmentsDoNotCross) {
-    EXPECT_THAT(SelfRows(2, {{{0, 0}, {4, 4}}, {{1, 1}, {6, 6}}}), IsEmpty());
-    EXPECT_THAT(SelfRows(2, {{{0, 0}, {4, 0}}, {{1, 0}, {6, 0}}}), IsEmpty());
-}
-
-TEST(Intersections, OtherColumnsAreSeenFromEachSegment) {
-    // The later segment first.
-    EXPECT_THAT(SelfRows(3, {{{0, 0, 10}, {2, 2, 30}}, {{0, 2, 5}, {2, 0, 7}}}),
-                ElementsAre(ElementsAre(1, 1, 6), ElementsAre(1, 1, 20)));
-    // Along a level segment the value is that of its second end.
-    EXPECT_THAT(SelfRows(3, {{{0, 1, 10}, {2, 1, 30}}, {{1, 0, 5}, {1, 2, 7}}}),
-                ElementsAre(ElementsAre(1, 1, 6), ElementsAre(1, 1, 30)));
-}
-
-TEST(Intersections, TablesMayDifferInWidthAndPlane) {
-    const auto pA = Table(3, {{{10, 0, 0}, {30, 2, 2}}});
-    const auto pB = Table(2, {{{2, 0}, {0, 2}}});
-    const std::unique_ptr<CMultipartTable> pResult(FindIntersections(pA.get(), pB.get(), 1, 2, 0, 1));
-    EXPECT_THAT(samples::Rows(pResult.get()), ElementsAre(ElementsAre(1, 1, 0), ElementsAre(20, 1, 1)));
-    const std::unique_ptr<CMultipartTable> pSwapped(FindIntersections(pB.get(), pA.get(), 0, 1, 1, 2));
-    EXPECT_THAT(samples::Rows(pSwapped.get()), ElementsAre(ElementsAre(20, 1, 1), ElementsAre(1, 1, 0)));
-    const auto pFar = Table(2, {{{12, 0}, {10, 2}}});
-    EXPECT_EQ(FindIntersections(pA.get(), pFar.get(), 1, 2, 0, 1), nullptr);
-}
-
-TEST(Intersections, TablesWithoutSegmentsCrossNothing) {
-    CMultipartTable empty(2);
-    const auto pLine = Table(2, {{{0, 0}, {2, 2}}});
-    const auto pPoints = Table(2, {{{1, 1}}, {{1, 1}}});
-    for (CMultipartTable* pTable : {&empty, pPoints.get()}) {
-        EXPECT_EQ(Find2DSelfIntersections(pTable, 0, 1), nullptr);
-        EXPECT_EQ(FindIntersections(pTable, pLine.get(), 0, 1, 0, 1), nullptr);
-        EXPECT_EQ(FindIntersections(pLine.get(), pTable, 0, 1, 0, 1), nullptr);
-    }
-}
-
-TEST(Intersections, ManyRowsAndPartsAreKept) {
-    // Two combs of 40 teeth: 1600 crossings, in the order of the first table.
-    CMultipartTable a(2), b(2);
-    CTable tooth(2);
-    tooth.Allocate(2);
-    for (int i = 0; i < 40; ++i) {
-        samples::FillRows(tooth.m_ppData, {{double(i), -1}, {double(i), 40}});
-        a.AddTable(&tooth, 0, -1);
-        samples::FillRows(tooth.m_ppData, {{-1, double(i)}, {40, double(i)}});
-        b.AddTable(&tooth, 0, -1);
-    }
-    const std::unique_ptr<CMultipartTable> pResult(FindIntersections(&a, &b, 0, 1, 0, 1));
-    ASSERT_TRUE(pResult);
-    ASSERT_EQ(pResult->m_nPoints, 3200);
-    ASSERT_EQ(pResult->m_nParts, 1600);
-    EXPECT_EQ(pResult->m_nMaxParts, 1616) << "one record is free";
-    for (int i = 0; i < 3200; ++i) {
-        EXPECT_EQ(pResult->m_ppData[0][i], i / 2 / 40);
-        EXPECT_EQ(pResult->m_ppData[1][i], i / 2 % 40);
+TEST(Intersections, SelfCrossingsOfSmallTables) {
+    const struct {
+        const char* pszWhat;
+        std::initializer_list<CRows> parts;
+        std::vector<std::vector<double>> rows;
+    } cases[] = {
+        {"a figure eight", {{{0, 0, 0}, {2, 2, 0}, {2, 0, 0}, {0, 2, 0}}}, {{1, 1, 0}, {1, 1, 0}}},
+        {"two parts", {{{0, 0, 0}, {2, 2, 0}}, {{0, 2, 0}, {2, 0, 0}}}, {{1, 1, 0}, {1, 1, 0}}},
+        {"neighbours share a point", {{{0, 0, 0}, {2, 0, 0}, {2, 2, 0}, {5, 2, 0}}}, {}},
+        {"boxes that do not meet", {{{0, 0, 0}, {2, 1, 0}}, {{2, 3, 0}, {2, 4, 0}}}, {}},
+        {"a point held", {{{0, 0, 0}, {1, 1, 0}, {1, 1, 0}, {2, 0, 0}}}, {{1, 1, 0}, {1, 1, 0}}},
+        {"collinear", {{{0, 0, 0}, {4, 4, 0}}, {{1, 1, 0}, {6, 6, 0}}}, {}},
+        {"collinear and level", {{{0, 0, 0}, {4, 0, 0}}, {{1, 0, 0}, {6, 0, 0}}}, {}},
+        {"as seen from each, the later first",
+         {{{0, 0, 10}, {2, 2, 30}}, {{0, 2, 5}, {2, 0, 7}}},
+         {{1, 1, 6}, {1, 1, 20}}},
+        {"the second end of a level segment",
+         {{{0, 1, 10}, {2, 1, 30}}, {{1, 0, 5}, {1, 2, 7}}},
+         {{1, 1, 6}, {1, 1, 30}}},
+    };
+    for (const auto& item : cases) {
+        const std::unique_ptr<CMultipartTable> pResult(
+            Find2DSelfIntersections(Table(3, item.parts).get(), 0, 1));
+        EXPECT_EQ(samples::Rows(pResult.get()), item.rows) << item.pszWhat;
+        EXPECT_EQ(pResult ? pResult->GetNumColors() : 1, 1);
     }
 }
 
 TEST(Intersections, MoreCrossingsThanATableHoldsAreAMemoryException) {
     const auto pTable = Table(2, {{{0, 0}, {2, 2}, {2, 0}, {0, 2}, {0, 1}, {3, 1}}});
     const tessara::CPolylines lines(*pTable, 0, 1);
-    const std::size_t nAll = tessara::SearchSelfCrossings(lines).size();
+    const std::size_t nAll = tessara::SearchSelfCrossings(lines).Size();
     ASSERT_GT(nAll, 2U);
-    EXPECT_EQ(tessara::SearchSelfCrossings(lines, nAll).size(), nAll);
+    EXPECT_EQ(tessara::SearchSelfCrossings(lines, nAll).Size(), nAll);
     EXPECT_THROW(tessara::SearchSelfCrossings(lines, nAll - 1), CMemoryException);
-    const std::size_t nMutual = tessara::SearchCrossings(lines, lines).size();
+    const std::size_t nMutual = tessara::SearchCrossings(lines, lines).Size();
     EXPECT_THROW(tessara::SearchCrossings(lines, lines, nMutual - 1), CMemoryException);
     EXPECT_EQ(tessara::MAX_CROSSINGS, (std::size_t{1} << 30) - 1) << "two rows each";
 }

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <random>
 #include <vector>
+
+#include "tests/numeric/Bits.h"
 
 /// The spline computed plainly, one loop for each step; and knots to try it on.
 namespace plain {
@@ -13,15 +16,20 @@ struct CCoefficients {
     std::vector<double> b, c, d;
 };
 
+/// Whether coefficients are those of a spline to the last bit.
+inline bool Same(const CCoefficients& expected, const double* pB, const double* pC, const double* pD) {
+    const int n = static_cast<int>(expected.b.size());
+    return bits::Same(pB, expected.b.data(), n) && bits::Same(pC, expected.c.data(), n) &&
+           bits::Same(pD, expected.d.data(), n);
+}
+
 inline double Guarded(double dWidth) {
     return std::fabs(dWidth) < 1e-16 ? (dWidth < 0 ? 1e-16 : -1e-16) : dWidth;
 }
 
 inline CCoefficients Spline(const std::vector<double>& x, const std::vector<double>& y) {
     const std::size_t n = x.size();
-    std::vector<double> b(n);
-    std::vector<double> c(n);
-    std::vector<double> d(n);
+    std::vector<double> b(n), c(n), d(n);
     for (std::size_t i = 0; i + 1 < n; ++i) {
         d[i] = Guarded(x[i + 1] - x[i]);
     }
@@ -80,9 +88,7 @@ inline std::vector<double> Abscissae(std::mt19937& random, std::size_t nCount) {
 inline std::vector<double> Ordinates(std::mt19937& random, std::size_t nCount) {
     std::uniform_real_distribution<double> unit(-1, 1);
     std::vector<double> y(nCount);
-    for (double& dY : y) {
-        dY = unit(random);
-    }
+    std::generate(y.begin(), y.end(), [&] { return unit(random); });
     if (random() % 10 == 0) {
         y[random() % nCount] = random() % 2 ? std::nan("") : std::numeric_limits<double>::infinity();
     }

@@ -27,6 +27,7 @@ public:
             Spoil(*pTable);
         }
         AddParts(*pTable);
+        pTable->SetNumColors(Draw(0, 6));
         return pTable;
     }
 
@@ -99,8 +100,8 @@ private:
         }
     }
 
-    static void AddPart(CMultipartTable& table, int nFirst, int nLast) {
-        table.BeginPart(nFirst, 3);
+    void AddPart(CMultipartTable& table, int nFirst, int nLast) {
+        table.BeginPart(nFirst, Draw(0, 5));
         table.EndPart(nLast);
     }
 

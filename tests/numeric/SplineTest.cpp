@@ -6,14 +6,14 @@
 
 #include <gtest/gtest.h>
 
+#include "tessara/numeric/Curve.h"
+#include "tessara/numeric/MultiCurve.h"
+#include "tessara/numeric/MultiSpline.h"
 #include "tessara/platform/base/Exception.h"
 #include "tests/numeric/Bits.h"
 #include "tests/numeric/PlainSpline.h"
-#include "tests/numeric/Samples.h"
 
 namespace {
-
-using samples::CSampleCurve;
 
 /// Opens what a derived class sees.
 class COpenSpline : public CSpline {
@@ -23,163 +23,139 @@ public:
     using CSpline::IValue;
 };
 
-/// n points of a function over uneven abscissae of [0, dLength].
-template <class FUNCTION>
-std::unique_ptr<CSampleCurve> Sample(int n, double dLength, FUNCTION function) {
-    std::vector<double> x;
-    std::vector<double> y;
-    for (int i = 0; i < n; ++i) {
-        const double dPlace = static_cast<double>(i) / (n - 1);
-        x.push_back(dLength * (dPlace + 0.3 * dPlace * (1 - dPlace)));
-        y.push_back(function(x.back()));
-    }
-    return std::make_unique<CSampleCurve>(x, y);
-}
-
-TEST(Spline, CoefficientsAreThoseOfThePlainStepsToTheLastBit) {
+TEST(Spline, CoefficientsAreThoseOfThePlainStepsToTheLastBitAloneAndAsColumns) {
     std::mt19937 random(1);
-    for (int nRound = 0; nRound < 5000; ++nRound) {
-        const std::size_t n = 2 + random() % (nRound % 100 ? 12 : 900);
-        CSampleCurve sample(plain::Abscissae(random, n), plain::Ordinates(random, n));
-        const bool bInverse = random() % 4 == 0;
-        const CSpline spline(&sample.curve, bInverse);
-        const plain::CCoefficients expected =
-            bInverse ? plain::Spline(sample.y, sample.x) : plain::Spline(sample.x, sample.y);
-        ASSERT_TRUE(bits::Same(spline.m_pB, expected.b.data(), spline.m_nPoints)) << "b of round " << nRound;
-        ASSERT_TRUE(bits::Same(spline.m_pC, expected.c.data(), spline.m_nPoints)) << "c of round " << nRound;
-        ASSERT_TRUE(bits::Same(spline.m_pD, expected.d.data(), spline.m_nPoints)) << "d of round " << nRound;
+    for (int nRound = 0; nRound < 2000; ++nRound) {
+        SCOPED_TRACE(nRound);
+        const std::size_t n = 2 + random() % (nRound % 50 ? 12 : 1200);
+        const int nPoints = static_cast<int>(n);
+        std::vector<double> x = plain::Abscissae(random, n);
+        CMultiCurve curve(static_cast<int>(random() % 10));
+        curve.Allocate(nPoints);
+        std::copy(x.begin(), x.end(), curve.m_pX);
+        std::vector<plain::CCoefficients> expected;
+        for (int j = 0; j < curve.m_nDimensions; ++j) {
+            std::vector<double> y = plain::Ordinates(random, n);
+            std::copy(y.begin(), y.end(), curve.m_ppY[j]);
+            expected.push_back(plain::Spline(x, y));
+            const CSpline spline(nPoints, x.data(), y.data(), FALSE);
+            ASSERT_TRUE(plain::Same(expected.back(), spline.m_pB, spline.m_pC, spline.m_pD)) << j;
+            const CSpline inverse(nPoints, x.data(), y.data(), TRUE);
+            ASSERT_TRUE(plain::Same(plain::Spline(y, x), inverse.m_pB, inverse.m_pC, inverse.m_pD)) << j;
+            ASSERT_TRUE(inverse.m_pX == y.data() && inverse.m_pY == x.data());
+        }
+        const CMultiSpline all(&curve);
+        for (int j = 0; j < curve.m_nDimensions; ++j) {
+            ASSERT_TRUE(
+                plain::Same(expected[static_cast<std::size_t>(j)], all.m_ppB[j], all.m_ppC[j], all.m_ppD[j]))
+                << j;
+        }
     }
 }
 
-TEST(Spline, TwoKnotsAreALineThreeAParabolaFourACubic) {
-    const auto polynomial = [](int nDegree) {
-        return [=](double x) {
-            return 1 - 2 * x + (nDegree > 1 ? 3 * x * x : 0) - (nDegree > 2 ? x * x * x : 0);
-        };
-    };
+TEST(Spline, TwoKnotsAreALineThreeAParabolaFourACubicWithItsIntegralAndDerivative) {
     for (const auto& [nKnots, nDegree] : {std::pair(2, 1), {3, 2}, {4, 3}, {5, 3}, {40, 3}}) {
-        const auto pSample = Sample(nKnots, 3, polynomial(nDegree));
-        const CSpline spline(&pSample->curve, FALSE);
-        for (double x = 0; x <= 3; x += 0.01) {
-            EXPECT_NEAR(spline.Value(x), polynomial(nDegree)(x), 1e-13) << nKnots << " knots at " << x;
-            EXPECT_NEAR(spline.Value(x + 2, nKnots - 2, nKnots - 1), polynomial(nDegree)(x + 2), 1e-9);
+        const double a = nDegree > 1 ? 3 : 0;
+        const double b = nDegree > 2 ? -1 : 0;
+        const auto value = [&](double x) { return 1 - 2 * x + a * x * x + b * x * x * x; };
+        std::vector<double> x, y; // uneven
+        for (int i = 0; i < nKnots; ++i) {
+            const double dPlace = static_cast<double>(i) / (nKnots - 1);
+            x.push_back(3 * dPlace + 0.9 * dPlace * (1 - dPlace));
+            y.push_back(value(x.back()));
+        }
+        const CSpline spline(nKnots, x.data(), y.data(), FALSE);
+        for (double t = 0; t <= 3; t += 0.01) {
+            EXPECT_NEAR(spline.Value(t), value(t), 1e-13) << nKnots << " knots at " << t;
+            EXPECT_NEAR(spline.Value(t + 2, nKnots - 2, nKnots - 1), value(t + 2), 1e-9);
+        }
+        EXPECT_TRUE(spline.Value(-1) == y[0] && spline.Value(4) == y.back()) << "constant outside";
+        EXPECT_TRUE(spline.Value(1, 1, 1) == y[1] && spline.Value(1, 1, 0) == y[1]);
+        EXPECT_TRUE(std::isnan(spline.Value(std::nan(""))) && std::isnan(spline.Value(std::nan(""), 0, 1)));
+        const std::unique_ptr<CCurve> pIntegral(spline.Integral());
+        const std::unique_ptr<CCurve> pDerivative(spline.Derivative());
+        for (int i = 0; i < nKnots; ++i) {
+            const double t = pIntegral->m_pX[i];
+            EXPECT_EQ(t, x[static_cast<std::size_t>(i)]);
+            EXPECT_NEAR(pIntegral->m_pY[i], t - t * t + a * t * t * t / 3 + b * t * t * t * t / 4, 1e-12);
+            EXPECT_NEAR(pDerivative->m_pY[i], -2 + 2 * a * t + 3 * b * t * t, 2e-5);
         }
     }
-}
-
-TEST(Spline, ConvergesWithTheFourthOrderUpToTheEnds) {
-    const auto error = [](int nKnots) {
-        const auto pSample = Sample(nKnots, 3, [](double x) { return std::exp(std::sin(x)); });
-        const CSpline spline(&pSample->curve, FALSE);
-        double dError = 0;
-        for (double x = 0; x < 3; x += 0.001) {
-            dError = std::max(dError, std::fabs(spline.Value(x) - std::exp(std::sin(x))));
-        }
-        return dError;
-    };
-    for (int nKnots = 40; nKnots < 400; nKnots *= 2) {
-        EXPECT_NEAR(std::log2(error(nKnots) / error(2 * nKnots)), 4, 0.5) << nKnots;
-    }
-}
-
-TEST(Spline, IntegralAndDerivativeAreThoseOfTheFunction) {
-    const auto pSample = Sample(200, 3, [](double x) { return std::sin(x); });
-    const CSpline spline(&pSample->curve, FALSE);
-    const std::unique_ptr<CCurve> pIntegral(spline.Integral());
-    const std::unique_ptr<CCurve> pDerivative(spline.Derivative());
-    EXPECT_EQ(pIntegral->m_pY[0], 0);
-    for (int i = 0; i < 200; ++i) {
-        const double x = pSample->x[static_cast<std::size_t>(i)];
-        EXPECT_EQ(pIntegral->m_pX[i], x);
-        EXPECT_NEAR(pIntegral->m_pY[i], 1 - std::cos(x), 1e-9);
-        EXPECT_NEAR(pDerivative->m_pY[i], std::cos(x), 3e-6);
-    }
-    EXPECT_TRUE(pIntegral->m_bOwner && pDerivative->m_bOwner);
 }
 
 TEST(Spline, IntegralAndDerivativeAreSumsAndDifferencesOfItsValues) {
     std::mt19937 random(2);
     for (int nRound = 0; nRound < 300; ++nRound) {
         const std::size_t n = 2 + random() % 30;
-        CSampleCurve sample(plain::Abscissae(random, n), plain::Ordinates(random, n));
-        const COpenSpline spline(&sample.curve, FALSE);
+        std::vector<double> x = plain::Abscissae(random, n), y = plain::Ordinates(random, n);
+        std::sort(x.begin(), x.end());
+        const double* pX = x.data();
+        const COpenSpline spline(static_cast<int>(n), x.data(), y.data(), FALSE);
         const std::unique_ptr<CCurve> pIntegral(spline.Integral());
         const std::unique_ptr<CCurve> pDerivative(spline.Derivative());
-        const int nLast = spline.m_nPoints - 1;
         double dSum = 0;
-        for (int i = 0; i < nLast; ++i) {
-            dSum += spline.IValue(i, sample.curve.m_pX[i + 1]) - spline.IValue(i, sample.curve.m_pX[i]);
-            EXPECT_TRUE(bits::Same(pIntegral->m_pY[i + 1], dSum));
-            if (std::is_sorted(sample.x.begin(), sample.x.end())) {
-                const double dAhead = spline.Value(sample.curve.m_pX[i] + 1e-6);
-                EXPECT_TRUE(bits::Same(pDerivative->m_pY[i], (dAhead - sample.curve.m_pY[i]) / 1e-6));
-            }
-        }
-        const double dBehind = spline.Value(sample.curve.m_pX[nLast] - 1e-6);
-        if (std::is_sorted(sample.x.begin(), sample.x.end())) {
-            EXPECT_TRUE(bits::Same(pDerivative->m_pY[nLast], (sample.curve.m_pY[nLast] - dBehind) / 1e-6));
+        for (int i = 0; i < spline.m_nPoints; ++i) {
+            ASSERT_TRUE(bits::Same(pIntegral->m_pY[i], dSum));
+            const bool bLast = i + 1 == spline.m_nPoints;
+            const double dBeside = spline.Value(bLast ? pX[i] - 1e-6 : pX[i] + 1e-6);
+            const double dRise = bLast ? spline.m_pY[i] - dBeside : dBeside - spline.m_pY[i];
+            ASSERT_TRUE(bits::Same(pDerivative->m_pY[i], dRise / 1e-6));
+            dSum += bLast ? 0 : spline.IValue(i, pX[i + 1]) - spline.IValue(i, pX[i]);
         }
     }
 }
 
-TEST(Spline, IsConstantOutsideItsKnotsAndTheRestrictedValueIsExtended) {
-    CSampleCurve sample({0, 1, 2, 4}, {0, 1, 8, 64});
-    const CSpline spline(&sample.curve, FALSE);
-    const struct {
-        double x, dAll, dRestricted;
-    } cases[] = {{-1, 0, -1}, {0, 0, 0}, {1, 1, 1}, {1.5, 3.375, 3.375}, {4, 64, 64}, {5, 64, 125}};
-    for (const auto& item : cases) {
-        EXPECT_NEAR(spline.Value(item.x), item.dAll, 1e-12) << item.x;
-        EXPECT_NEAR(spline.Value(item.x, 0, 3), item.dRestricted, 1e-12) << item.x;
-    }
-    EXPECT_EQ(spline.Value(0.5, 2, 2), 8);
-    EXPECT_EQ(spline.Value(0.5, 3, 1), 64);
-    EXPECT_TRUE(std::isnan(spline.Value(std::nan(""))) && std::isnan(spline.Value(std::nan(""), 1, 3)));
-}
-
-TEST(Spline, AnInverseSplineFindsTheAbscissaOfEveryOrdinate) {
-    const auto pSample = Sample(30, 2, [](double x) { return std::exp(x); });
-    const CSpline spline(30, pSample->x.data(), pSample->y.data(), TRUE);
-    for (int i = 0; i < 30; ++i) {
-        EXPECT_EQ(spline.Value(pSample->curve.m_pY[i]), pSample->curve.m_pX[i]);
-    }
-    EXPECT_NEAR(spline.Value(std::exp(1.0)), 1, 1e-5);
-}
-
-TEST(Spline, WidthsBelowTheGuardTurnTheirSignAndCoincidentKnotsDivideByIt) {
-    CSampleCurve sample({2, 2}, {1, 3});
-    const COpenSpline spline(&sample.curve, FALSE);
-    EXPECT_EQ(spline.m_pB[0], 2 / -1e-16);
+TEST(Spline, WidthsBelowTheGuardTurnTheirSign) {
+    CMultiCurve curve(1);
+    curve.Allocate(2);
     const double cases[][2] = {{-1e-17, 1e-16}, {1e-17, -1e-16},  {0.0, -1e-16}, {-0.0, -1e-16},
                                {1e-16, 1e-16},  {-1e-16, -1e-16}, {-3, -3}};
     for (const auto& [dWidth, dGuarded] : cases) {
-        double v = dWidth;
-        spline.CheckForUnderflow(v);
-        EXPECT_EQ(v, dGuarded) << dWidth;
+        double v = dWidth, w = dWidth;
+        COpenSpline(2, curve.m_pX, curve.m_pX, FALSE).CheckForUnderflow(v);
+        CMultiSpline(&curve).CheckForUnderflow(w);
+        EXPECT_TRUE(v == dGuarded && w == dGuarded) << dGuarded;
     }
 }
 
-TEST(Spline, CopiesShareTheKnotsAndKeepTheirOwnCoefficients) {
-    CSampleCurve first({0, 1, 2, 3}, {0, 1, 4, 9});
-    CSampleCurve second({0, 2}, {5, 7});
-    auto pOriginal = std::make_unique<CSpline>(&first.curve, FALSE);
-    const CSpline copy(*pOriginal);
-    CSpline assigned(&second.curve, FALSE);
-    assigned = *pOriginal;
-    const CSpline& same = assigned;
-    assigned = same;
-    pOriginal.reset();
-    for (const CSpline* pSpline : {&copy, static_cast<const CSpline*>(&assigned)}) {
-        EXPECT_EQ(pSpline->m_pX, first.x.data());
-        EXPECT_NEAR(pSpline->Value(1.5), 2.25, 1e-14);
+TEST(Spline, CopiesOutliveTheirSourceShareItsKnotsAndKeepTheirOwnCoefficients) {
+    CMultiCurve squares(2), lines(3); // the columns x and x^2 over 0, 1, 2, 3; and another shape
+    squares.Allocate(4);
+    lines.Allocate(2);
+    for (int i = 0; i < 4; ++i) {
+        squares.m_pX[i] = squares.m_ppY[0][i] = lines.m_pX[i / 2] = i;
+        squares.m_ppY[1][i] = lines.m_ppY[0][i / 2] = lines.m_ppY[1][i / 2] = lines.m_ppY[2][i / 2] = i * i;
     }
-    EXPECT_STREQ(copy.GetRuntimeClass()->m_lpszClassName, "CSpline");
+    auto pSource = std::make_unique<CSpline>(4, squares.m_pX, squares.m_ppY[1], FALSE);
+    auto pSources = std::make_unique<CMultiSpline>(&squares);
+    const CSpline copy(*pSource);
+    const CMultiSpline copies(*pSources);
+    CSpline assigned(2, lines.m_pX, lines.m_ppY[0], FALSE);
+    CMultiSpline allAssigned(&lines);
+    assigned = *pSource;
+    assigned = *&assigned;
+    allAssigned = *pSources;
+    allAssigned = *&allAssigned;
+    pSource.reset();
+    pSources.reset();
+    for (const double dValue :
+         {copy.Value(1.5), assigned.Value(1.5), copies.Value(1, 1.5), allAssigned.Value(1, 1.5)}) {
+        EXPECT_NEAR(dValue, 2.25, 1e-14);
+    }
+    EXPECT_EQ(copy.m_pY, squares.m_ppY[1]);
+    squares.m_ppY[1][3] = 27;
+    allAssigned.ComputeMultiSplineArrays();
+    EXPECT_EQ(allAssigned.Value(1, 3), 27);
+    EXPECT_NE(allAssigned.Value(1, 1.5), copies.Value(1, 1.5));
 }
 
 TEST(Spline, RejectsFewerThanTwoKnots) {
-    CSampleCurve single({1}, {2});
-    EXPECT_THROW(CSpline(&single.curve, FALSE), CInvalidArgException);
-    EXPECT_THROW(CSpline(0, nullptr, nullptr, FALSE), CInvalidArgException);
+    CMultiCurve curve(2);
+    for (const int nPoints : {0, 1}) {
+        curve.Allocate(nPoints);
+        EXPECT_THROW(CSpline(nPoints, curve.m_pX, curve.m_ppY[0], FALSE), CInvalidArgException);
+        EXPECT_THROW(CMultiSpline{&curve}, CInvalidArgException);
+    }
     EXPECT_THROW(CSpline(-3, nullptr, nullptr, TRUE), CInvalidArgException);
 }
 
