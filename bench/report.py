@@ -28,6 +28,10 @@ WORKS = [
     ("CrossingsSpirals", "crossings of two spirals, 1e5 segments each", 0.30),
     ("CrossingsLoops", "crossings of two smooth loops, 1e5 segments each", 0.20),
     ("CrossingsWalks", "crossings of two random walks, 1e5 segments each", 0.55),
+    ("DiagramSmooth", "repainting three curves of 1e6 points, smooth", 0.60),
+    ("DiagramNoisy", "repainting three curves of 1e6 points, noisy", 0.60),
+    ("NewDiagramSmooth", "painting them with new data, smooth", None),
+    ("NewDiagramNoisy", "painting them with new data, noisy", None),
 ]
 GROWTH = "SelfCrossingsGrowth"
 GROWTH_LIMIT = 1.3
@@ -92,7 +96,8 @@ def machine():
             model = line.split(":", 1)[1].strip()
             break
     compiler = subprocess.run(["g++", "-dumpfullversion"], capture_output=True, text=True).stdout.strip()
-    packages = ["libbenchmark-dev", "libgsl-dev", "libgeos++-dev", "libcgal-dev", "libboost-dev"]
+    packages = ["libbenchmark-dev", "libgsl-dev", "libgeos++-dev", "libcgal-dev", "libboost-dev",
+                "libqcustomplot-dev"]
     query = subprocess.run(["dpkg-query", "-W", "-f", "${Package} ${Version}\n", *packages], capture_output=True,
                            text=True)
     return "\n".join([f"- {model}, {platform.system()} {platform.release()}", f"- GCC {compiler}, build preset `bench`"] +

@@ -20,6 +20,7 @@
 #include "tessara/numeric/Zoom.h"
 #include "tessara/phasediagram/ElementFormat.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
+#include "tessara/phasediagram/ZoomWindow.h"
 #include "tessara/platform/base/Api.h"
 #include "tessara/platform/base/Archive.h"
 #include "tessara/platform/base/Array.h"

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "tessara/phasediagram/CurveTrace.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/vellum/Stippled.h"
 #include "tessara/plot/Canvas.h"
@@ -43,9 +44,9 @@ CPlotMap CPhaseDiagramOutput::GetPlotMap() const {
 }
 
 void CPhaseDiagramOutput::DrawElements(const CCanvas& canvas, CMetaFileDC* pMetaDC) {
-    DrawCurve(canvas, m_pShownSpinodal, SpinodalStyle, pMetaDC);
-    DrawCurve(canvas, m_pShownShadowCurve, ShadowStyle, pMetaDC);
-    DrawCurve(canvas, m_pShownCloudPointCurve, CloudPointStyle, pMetaDC);
+    DrawCurve(canvas, *m_pSpinodalTrace, SpinodalStyle, pMetaDC);
+    DrawCurve(canvas, *m_pShadowTrace, ShadowStyle, pMetaDC);
+    DrawCurve(canvas, *m_pCloudPointTrace, CloudPointStyle, pMetaDC);
     DrawPoints(&canvas.GetSurface(), pMetaDC);
     if (m_bMultiphasePointsVisible && m_pFoundMultiphasePoints) {
         DrawMultiphasePoints(&canvas.GetSurface(), pMetaDC);
@@ -58,21 +59,12 @@ void CPhaseDiagramOutput::DrawElements(const CCanvas& canvas, CMetaFileDC* pMeta
     }
 }
 
-void CPhaseDiagramOutput::DrawCurve(const CCanvas& canvas, const CMultipartCurve* pCurve,
+void CPhaseDiagramOutput::DrawCurve(const CCanvas& canvas, tessara::CCurveTrace& trace,
                                     int (*pStyleOf)(int nColor), CMetaFileDC* pMetaDC) {
-    if (!pCurve) {
-        return;
-    }
-    const CPlotMap map = GetPlotMap();
-    std::vector<POINT> buffer;
-    for (int i = 0; i < pCurve->m_nParts; ++i) {
-        const CCurvePartInfo& part = pCurve->m_pParts[i];
-        tessara::MapPolyline(map, pCurve->m_pX + part.nFirst, pCurve->m_pY + part.nFirst, part.nPoints,
-                             buffer, [&](std::span<POINT> points) {
-                                 PolyLineStippledEx(&canvas.GetSurface(), points.data(),
-                                                    static_cast<int>(points.size()), pStyleOf(part.nColor),
-                                                    pMetaDC, m_bMonochrome ? 1 : 0);
-                             });
+    for (const tessara::CCurveTrace::CRun& run : trace.GetRuns(GetPlotMap())) {
+        std::vector<POINT> points = run.points;
+        PolyLineStippledEx(&canvas.GetSurface(), points.data(), static_cast<int>(points.size()),
+                           pStyleOf(run.nColor), pMetaDC, m_bMonochrome ? 1 : 0);
     }
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "tessara/numeric/Intersections.h"
+#include "tessara/phasediagram/CurveTrace.h"
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/StringResources.h"
 #include "tessara/plot/ResourceFields.h"
@@ -29,7 +30,10 @@ std::unique_ptr<CCurve> CopyPoints(int nPoints, const double* pX, const double* 
 
 } // namespace
 
-CPhaseDiagramOutput::CPhaseDiagramOutput() {
+CPhaseDiagramOutput::CPhaseDiagramOutput()
+    : m_pCloudPointTrace(std::make_unique<tessara::CCurveTrace>()),
+      m_pShadowTrace(std::make_unique<tessara::CCurveTrace>()),
+      m_pSpinodalTrace(std::make_unique<tessara::CCurveTrace>()) {
     for (const COLORREF color : CURVE_COLORS) {
         m_CurveColors.Add(color);
         m_ElementColors.Add(color);
@@ -164,16 +168,19 @@ void CPhaseDiagramOutput::SetSpinodalSection(CMultipartCurve* curve) {
 void CPhaseDiagramOutput::SetCloudPointCurve(int nPoints, double* x, double* y, int nParts,
                                              CCurvePartInfo* parts, int nColors) {
     m_pCloudPointCurve = std::make_unique<CMultipartCurve>(nPoints, x, y, nParts, parts, nColors);
+    m_pCloudPointTrace->Forget();
 }
 
 void CPhaseDiagramOutput::SetShadowCurve(int nPoints, double* x, double* y, int nParts, CCurvePartInfo* parts,
                                          int nColors) {
     m_pShadowCurve = std::make_unique<CMultipartCurve>(nPoints, x, y, nParts, parts, nColors);
+    m_pShadowTrace->Forget();
 }
 
 void CPhaseDiagramOutput::SetSpinodal(int nPoints, double* x, double* y, int nParts, CCurvePartInfo* parts,
                                       int nColors) {
     m_pSpinodal = std::make_unique<CMultipartCurve>(nPoints, x, y, nParts, parts, nColors);
+    m_pSpinodalTrace->Forget();
 }
 
 void CPhaseDiagramOutput::SetCriticalPoints(int n, double* x, double* y) {

@@ -8,6 +8,7 @@
 #include "tessara/numeric/MultipartTable.h"
 #include "tessara/numeric/Table.h"
 #include "tessara/phasediagram/ElementFormat.h"
+#include "tessara/phasediagram/ZoomWindow.h"
 #include "tessara/platform/base/DWordArray.h"
 #include "tessara/platform/base/String.h"
 #include "tessara/platform/base/StringArray.h"
@@ -19,6 +20,7 @@ class CWnd;
 namespace tessara {
 
 class CCanvas;
+class CCurveTrace;
 class CPlotMap;
 struct CPlotArea;
 
@@ -26,18 +28,6 @@ struct CPlotArea;
 struct CColumnPair {
     int nX = 0;
     int nY = 0;
-};
-
-/// The data rectangle that a zoomed diagram shows.
-struct CZoomWindow {
-    double dXMax = 0;
-    double dXMin = 0;
-    double dYMax = 0;
-    double dYMin = 0;
-
-    bool Contains(double dX, double dY) const {
-        return dX >= dXMin && dX <= dXMax && dY >= dYMin && dY <= dYMax;
-    }
 };
 
 /// Rows of the legend's labels in their arrays, or -1 for a label that is not there.
@@ -72,10 +62,12 @@ enum PhaseDiagramFlag : DWORD {
 /// as a metafile.
 ///
 /// Curves view the point arrays of the tables they are made from, which must stay alive and of the same size
-/// as long as they are shown; points are copied. A curve of two colours has branches: parts of colour 0 are
-/// the spinodal's trivial branch or the physical part of the others, all other parts the nontrivial branch or
-/// the non-physical part. Values that are infinite or not a number count for no axis and are gaps. The name
-/// is plain text, axis symbols and the slide name are indexed text (IndexedText.h). Main thread.
+/// as long as they are shown; points are copied. A paint keeps what it found for the next: who changes single
+/// values of an array in place calls the setter again (an array that is filled anew is noticed). A curve of
+/// two colours has branches: parts of colour 0 are the spinodal's trivial branch or the physical part of the
+/// others, all other parts the nontrivial branch or the non-physical part. Values that are infinite or not a
+/// number count for no axis and are gaps. The name is plain text, axis symbols and the slide name are indexed
+/// text (IndexedText.h). Main thread.
 ///
 ///     CPhaseDiagramOutput diagram;
 ///     diagram.SetNames("Polystyrene in cyclohexane", "T, K~N", "f~G~2~L");
@@ -275,11 +267,13 @@ protected:
 private:
     class CShownCurves;
 
+    /// Turns the traces to the curves as they are now.
+    void FollowCurves();
     void ChooseAbscissaScale();
     void ChooseOrdinateScale();
-    template <class CURVE_VALUES, class POINT_VALUES>
-    void ChooseScaleOf(CHOOSESCALE& scale, CURVE_VALUES curveValues, POINT_VALUES pointValues,
-                       double dZoomMin, double dZoomMax) const;
+    template <class CURVE_RANGE, class POINT_VALUES>
+    void ChooseScaleOf(CHOOSESCALE& scale, CURVE_RANGE curveRange, POINT_VALUES pointValues, double dZoomMin,
+                       double dZoomMax) const;
     int AddCurveLabel(const char* pszName, const char* pszBranch);
     void AddCurveLabels(const CMultipartCurve* pCurve, const char* pszName, const char* pszFirst,
                         const char* pszOther, int& nSingle, int& nFirst, int& nOther);
@@ -295,9 +289,13 @@ private:
     void DrawGrids(const tessara::CCanvas& canvas, CMetaFileDC* pMetaDC);
     void DrawTitles(const tessara::CCanvas& canvas, CMetaFileDC* pMetaDC);
     void DrawElements(const tessara::CCanvas& canvas, CMetaFileDC* pMetaDC);
-    void DrawCurve(const tessara::CCanvas& canvas, const CMultipartCurve* pCurve, int (*pStyleOf)(int nColor),
+    void DrawCurve(const tessara::CCanvas& canvas, tessara::CCurveTrace& trace, int (*pStyleOf)(int nColor),
                    CMetaFileDC* pMetaDC);
     void DrawBoundary(const tessara::CCanvas& canvas, double dAbscissa);
     void DrawNoPhaseSeparation(const tessara::CCanvas& canvas);
     bool IsPointShown(double dX, double dY) const;
+
+    std::unique_ptr<tessara::CCurveTrace> m_pCloudPointTrace; ///< what the last paint found of each curve
+    std::unique_ptr<tessara::CCurveTrace> m_pShadowTrace;
+    std::unique_ptr<tessara::CCurveTrace> m_pSpinodalTrace;
 };

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "tessara/numeric/Zoom.h"
+#include "tessara/phasediagram/CurveTrace.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/ui/WaitCursor.h"
 #include "tessara/platform/vellum/Stippled.h"
@@ -63,9 +63,10 @@ private:
 class CPhaseDiagramOutput::CShownCurves {
 public:
     explicit CShownCurves(CPhaseDiagramOutput& diagram) : m_diagram(diagram) {
-        m_diagram.m_pShownCloudPointCurve = Show(diagram.m_pCloudPointCurve.get(), m_pCloudPointCurve);
-        m_diagram.m_pShownShadowCurve = Show(diagram.m_pShadowCurve.get(), m_pShadowCurve);
-        m_diagram.m_pShownSpinodal = Show(diagram.m_pSpinodal.get(), m_pSpinodal);
+        m_diagram.FollowCurves();
+        m_diagram.m_pShownCloudPointCurve = diagram.m_pCloudPointTrace->GetShown();
+        m_diagram.m_pShownShadowCurve = diagram.m_pShadowTrace->GetShown();
+        m_diagram.m_pShownSpinodal = diagram.m_pSpinodalTrace->GetShown();
     }
     ~CShownCurves() {
         m_diagram.m_pShownCloudPointCurve = m_diagram.m_pCloudPointCurve.get();
@@ -76,19 +77,7 @@ public:
     CShownCurves& operator=(const CShownCurves&) = delete;
 
 private:
-    CMultipartCurve* Show(CMultipartCurve* pStored, std::unique_ptr<CMultipartCurve>& pZoomed) const {
-        if (!pStored || !m_diagram.m_bZoomed) {
-            return pStored;
-        }
-        const tessara::CZoomWindow& zoom = m_diagram.m_Zoom;
-        pZoomed.reset(ZoomMultipartCurve(pStored, zoom.dXMin, zoom.dYMin, zoom.dXMax, zoom.dYMax));
-        return pZoomed.get();
-    }
-
     CPhaseDiagramOutput& m_diagram;
-    std::unique_ptr<CMultipartCurve> m_pCloudPointCurve;
-    std::unique_ptr<CMultipartCurve> m_pShadowCurve;
-    std::unique_ptr<CMultipartCurve> m_pSpinodal;
 };
 
 int CPhaseDiagramOutput::Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {

@@ -1,3 +1,4 @@
+#include "tessara/phasediagram/CurveTrace.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/plot/CustomScale.h"
 #include "tessara/plot/DataRange.h"
@@ -9,20 +10,17 @@ constexpr int ORDINATE = 2;
 
 } // namespace
 
-/// curveValues and pointValues pick the abscissae or the ordinates of a curve.
-template <class CURVE_VALUES, class POINT_VALUES>
-void CPhaseDiagramOutput::ChooseScaleOf(CHOOSESCALE& scale, CURVE_VALUES curveValues,
-                                        POINT_VALUES pointValues, double dZoomMin, double dZoomMax) const {
+/// curveRange and pointValues pick the abscissae or the ordinates of a curve.
+template <class CURVE_RANGE, class POINT_VALUES>
+void CPhaseDiagramOutput::ChooseScaleOf(CHOOSESCALE& scale, CURVE_RANGE curveRange, POINT_VALUES pointValues,
+                                        double dZoomMin, double dZoomMax) const {
     tessara::CDataRange range;
     if (m_bZoomed) {
         range.Add(dZoomMin);
         range.Add(dZoomMax);
     } else {
-        for (const CMultipartCurve* pCurve :
-             {m_pShownCloudPointCurve, m_pShownShadowCurve, m_pShownSpinodal}) {
-            if (pCurve) {
-                range.Add(curveValues(*pCurve), pCurve->m_nPoints);
-            }
+        for (const auto* ppTrace : {&m_pCloudPointTrace, &m_pShadowTrace, &m_pSpinodalTrace}) {
+            range.Add(curveRange(**ppTrace));
         }
         for (const CCurve* pPoints : {m_pCriticalPoints.get(), m_pLifshitzPoints.get()}) {
             if (pPoints) {
@@ -39,17 +37,25 @@ void CPhaseDiagramOutput::ChooseScaleOf(CHOOSESCALE& scale, CURVE_VALUES curveVa
 
 void CPhaseDiagramOutput::ChooseAbscissaScale() {
     ChooseScaleOf(
-        m_AbscissaScale, [](const CMultipartCurve& curve) { return curve.m_pX; },
+        m_AbscissaScale, [](tessara::CCurveTrace & trace) -> const auto& { return trace.GetRangeX(); },
         [](const CCurve& points) { return points.m_pX; }, m_Zoom.dXMin, m_Zoom.dXMax);
 }
 
 void CPhaseDiagramOutput::ChooseOrdinateScale() {
     ChooseScaleOf(
-        m_OrdinateScale, [](const CMultipartCurve& curve) { return curve.m_pY; },
+        m_OrdinateScale, [](tessara::CCurveTrace & trace) -> const auto& { return trace.GetRangeY(); },
         [](const CCurve& points) { return points.m_pY; }, m_Zoom.dYMin, m_Zoom.dYMax);
 }
 
+void CPhaseDiagramOutput::FollowCurves() {
+    const tessara::CZoomWindow* const pZoom = m_bZoomed ? &m_Zoom : nullptr;
+    m_pCloudPointTrace->Follow(m_pCloudPointCurve.get(), pZoom);
+    m_pShadowTrace->Follow(m_pShadowCurve.get(), pZoom);
+    m_pSpinodalTrace->Follow(m_pSpinodal.get(), pZoom);
+}
+
 void CPhaseDiagramOutput::FindBoundingBox() {
+    FollowCurves();
     if (m_nFlags & MF_CUSTOMABSCISSA && !m_bZoomed) {
         m_AbscissaScale = m_SavedAbscissaScale;
     } else {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <algorithm>
-#include <cmath>
+#include <limits>
 
 #include "tessara/plot/ChooseScale.h"
 
@@ -10,32 +9,23 @@ namespace tessara {
 /// The smallest and the largest of the finite values that were added.
 class CDataRange {
 public:
-    void Add(const double* pValues, int nCount) {
-        for (int i = 0; i < nCount; ++i) {
-            Add(pValues[i]);
-        }
-    }
-
-    void Add(double dValue) {
-        if (std::isfinite(dValue)) {
-            m_dMin = m_bEmpty ? dValue : std::min(m_dMin, dValue);
-            m_dMax = m_bEmpty ? dValue : std::max(m_dMax, dValue);
-            m_bEmpty = false;
-        }
-    }
+    void Add(const double* pValues, int nCount);
+    void Add(double dValue) { Add(&dValue, 1); }
+    void Add(const CDataRange& range);
 
     /// Chooses an automatic scale for the range; without any value, for 0.
     void Choose(CHOOSESCALE& scale) const {
         scale.bOptions = 0;
-        scale.dMax = m_dMax;
-        scale.dMin = m_dMin;
+        scale.dMax = IsEmpty() ? 0 : m_dMax;
+        scale.dMin = IsEmpty() ? 0 : m_dMin;
         ChooseScale(&scale);
     }
 
 private:
-    double m_dMin = 0;
-    double m_dMax = 0;
-    bool m_bEmpty = true;
+    bool IsEmpty() const { return m_dMin > m_dMax; }
+
+    double m_dMin = std::numeric_limits<double>::infinity();
+    double m_dMax = -std::numeric_limits<double>::infinity();
 };
 
 /// Makes an axis span exactly its data range; ticks stay. An axis needs two ends: equal data leave it as it

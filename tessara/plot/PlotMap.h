@@ -29,6 +29,17 @@ public:
                                     : ToCoordinate(m_frame.bottom - m_frame.Height() * dFraction);
     }
 
+    /// Values from dFirst to dLast.
+    struct CInterval {
+        double dFirst;
+        double dLast;
+        bool Contains(double dValue) const { return dValue >= dFirst && dValue <= dLast; }
+    };
+    /// Abscissae around dX, which maps to nColumn, that all map there: most of the column.
+    CInterval GetColumn(int nColumn, double dX) const;
+
+    friend bool operator==(const CPlotMap&, const CPlotMap&) = default;
+
     /// The point of a pair of values, both of which are finite (IsDrawable).
     POINT Map(double dX, double dY) const { return {MapX(dX), MapY(dY)}; }
 
@@ -36,6 +47,8 @@ private:
     struct CAxis {
         explicit CAxis(const CHOOSESCALE& scale) : dLower(scale.dLower), dSpan(scale.dUpper - scale.dLower) {}
         double Fraction(double dValue) const { return dSpan != 0 ? (dValue - dLower) / dSpan : 0.5; }
+
+        friend bool operator==(const CAxis&, const CAxis&) = default;
 
         double dLower;
         double dSpan;
@@ -50,8 +63,8 @@ private:
 /// True when a point has a place: neither value is infinite or not a number.
 TESSARA_API bool IsDrawable(double dX, double dY);
 
-/// Maps nPoints points to the page and hands out each unbroken run of them, thinned by MergeColumns. Points
-/// that are not drawable are gaps. The buffer keeps its memory between calls.
+/// Maps nPoints points to the page and hands out each unbroken run of them, thinned as by MergeColumns.
+/// Points that are not drawable are gaps. The buffer keeps its memory between calls.
 TESSARA_API void MapPolyline(const CPlotMap& map, const double* pX, const double* pY, int nPoints,
                              std::vector<POINT>& buffer, const std::function<void(std::span<POINT>)>& emit);
 

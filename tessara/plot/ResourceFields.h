@@ -15,7 +15,7 @@ public:
     /// The text before the next line feed, or nothing when there is none.
     CString Take() {
         const int nEnd = m_strRest.Find('\n');
-        const CString strField = m_strRest.Left(std::max(nEnd, 0));
+        CString strField = m_strRest.Left(std::max(nEnd, 0));
         m_strRest = m_strRest.Mid(nEnd + 1);
         return strField;
     }

@@ -15,8 +15,8 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr std::array<tessara::CStringResource, 3> STRINGS{
-    {{51001, "Name\nT~N\nx~N"}, {51002, "Name\nT~N\nx~N\n%.1lf"}, {51003, "Name\nT~N\nx~N\n%.1lf\n%.3lf"}}};
+constexpr std::array<tessara::CStringResource, 2> STRINGS{
+    {{51001, "Name\nT~N\nx~N"}, {51002, "Name\nT~N\nx~N\n%.1lf"}}};
 
 class DiagramModel : public testing::Test {
 protected:
@@ -100,41 +100,34 @@ TEST_F(DiagramModel, CustomScalesComeBackAfterAZoom) {
     EXPECT_LT(m_diagram.m_AbscissaScale.dLower, 0);
 }
 
-TEST_F(DiagramModel, RefusedScalesChangeNothingButRefreshTheCopies) {
+TEST_F(DiagramModel, ARefusedScaleChangesNothingButRefreshesTheCopies) {
     m_diagram.SetBinodalSection(0, 1, 2, &m_section, 0);
     m_diagram.PaintLogged();
     const double dUpper = m_diagram.m_AbscissaScale.dUpper;
-    EXPECT_EQ(m_diagram.UseCustomScale(3, 0, 1, 0.2, 0), 0);
     EXPECT_EQ(m_diagram.UseCustomScale(1, 1, 1, 0.2, 0), 0);
-    EXPECT_EQ(m_diagram.UseCustomScale(2, 0, 1, 0, 0), 0);
-    EXPECT_EQ(m_diagram.UseCustomScale(2, 0, 1, 0.5, 9), 0);
     EXPECT_EQ(m_diagram.m_nFlags, 0U);
     EXPECT_EQ(m_diagram.m_AbscissaScale.dUpper, dUpper);
     EXPECT_EQ(m_diagram.m_SavedAbscissaScale.dUpper, dUpper);
 }
 
 TEST_F(DiagramModel, PickableColoursFollowTheMode) {
-    constexpr DWORD RED = 0x0000FF;
-    constexpr DWORD GREEN = 0x00FF00;
-    constexpr DWORD MAGENTA = 0xFF00FF;
-    constexpr DWORD CRITICAL = 0x000080;
-    constexpr DWORD FOUND = 0x008000;
-    EXPECT_TRUE(m_diagram.IsValidColor(RED) && m_diagram.IsValidColor(GREEN) &&
-                m_diagram.IsValidColor(0xFF0000));
-    for (const DWORD color : {DWORD{0}, DWORD{0xFFFFFF}, MAGENTA, DWORD{0x00FFFF}, CRITICAL, FOUND}) {
-        EXPECT_FALSE(m_diagram.IsValidColor(color)) << color;
-    }
+    const auto pickable = [&] { // of blue, green, red, black, white, yellow, magenta, critical, found, purple
+        std::string strPickable;
+        for (const DWORD color : {0xFF0000, 0x00FF00, 0x0000FF, 0x000000, 0xFFFFFF, 0x00FFFF, 0xFF00FF,
+                                  0x000080, 0x008000, 0x800080, 0x123456}) {
+            strPickable += m_diagram.IsValidColor(color) ? '+' : '-';
+        }
+        return strPickable;
+    };
+    EXPECT_EQ(pickable(), "+++--------");
     m_diagram.EnableCriticalPointsClicking(1);
-    EXPECT_TRUE(m_diagram.IsValidColor(CRITICAL));
+    EXPECT_EQ(pickable(), "+++----+---");
     m_diagram.ToggleMultiphasePoints();
-    EXPECT_TRUE(m_diagram.IsValidColor(FOUND) && m_diagram.IsValidColor(GREEN) &&
-                m_diagram.IsValidColor(RED));
+    EXPECT_EQ(pickable(), "+++----++--");
     m_diagram.m_nFlags |= MF_CROSSSECTION;
-    EXPECT_TRUE(m_diagram.IsValidColor(GREEN));
-    EXPECT_FALSE(m_diagram.IsValidColor(RED));
+    EXPECT_EQ(pickable(), "-+-----++--");
     m_diagram.SetElementReadOut(true);
-    EXPECT_TRUE(m_diagram.IsValidColor(MAGENTA) && m_diagram.IsValidColor(0x800080));
-    EXPECT_FALSE(m_diagram.IsValidColor(0x123456));
+    EXPECT_EQ(pickable(), "+++--+++++-");
 }
 
 TEST_F(DiagramModel, TheCloudPointCurvesOwnCrossingIsFoundOnce) {
@@ -158,13 +151,10 @@ TEST_F(DiagramModel, ResourceStringsSetNamesAndTheFormatsTheyHave) {
     m_diagram.SetSlideName("slide");
     m_diagram.LoadResourceString(51001);
     EXPECT_STREQ(m_diagram.m_strName, "Name");
-    EXPECT_STREQ(m_diagram.m_strOrdinateFormat, "%.2lf");
     EXPECT_TRUE(m_diagram.m_strSlideName.IsEmpty());
     m_diagram.LoadResourceString(51002);
     EXPECT_STREQ(m_diagram.m_strOrdinateFormat, "%.1lf");
     EXPECT_STREQ(m_diagram.m_strAbscissaFormat, "%.2lf");
-    m_diagram.LoadResourceString(51003);
-    EXPECT_STREQ(m_diagram.m_strAbscissaFormat, "%.3lf");
     EXPECT_THROW(m_diagram.LoadResourceString(51999), CResourceException);
 }
 

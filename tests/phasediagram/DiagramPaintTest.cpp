@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <iterator>
 #include <limits>
@@ -8,6 +10,7 @@
 #include <random>
 #include <set>
 
+#include "tessara/numeric/DoublePoint.h"
 #include "tessara/platform/gdi/ImageDC.h"
 #include "tessara/plot/Page.h"
 #include "tests/phasediagram/Diagrams.h"
@@ -77,6 +80,117 @@ TEST_F(DiagramPaint, EachElementHasExactlyItsColourOnScreen) {
     }
 }
 
+TEST_F(DiagramPaint, ARepaintShowsWhatChangedSinceTheLast) {
+    const auto fnPixels = [this] {
+        CImageDC image(400, 288);
+        m_diagram.Paint(&image, image.GetClientRect(), nullptr);
+        return CountColors(image);
+    };
+    const auto before = fnPixels();
+    EXPECT_EQ(fnPixels(), before);
+    for (int i = 0; i < m_section.m_nPoints; ++i) {
+        m_section.m_ppData[2][i] *= 0.5; // the arrays filled anew, in place
+    }
+    const auto changed = fnPixels();
+    EXPECT_NE(changed, before);
+    m_diagram.ZoomTo({0.4, -0.4, 0.2, 0.05});
+    const auto zoomed = fnPixels();
+    EXPECT_NE(zoomed, changed);
+    EXPECT_EQ(fnPixels(), zoomed);
+    m_diagram.ShowWhole();
+    EXPECT_EQ(fnPixels(), changed);
+}
+
+/// The places of an element's points on the image, close together along a curve.
+struct CDrawnElement {
+    COLORREF color;
+    double dReach; ///< of its pixels from them
+    std::vector<CDoublePoint> places;
+
+    bool Reaches(int x, int y) const {
+        return std::any_of(places.begin(), places.end(), [&](const CDoublePoint& place) {
+            return std::hypot(place.x - x, place.y - y) <= dReach;
+        });
+    }
+};
+
+class DiagramPixels : public DiagramPaint {
+protected:
+    DiagramPixels() : m_image(800, 575) {
+        m_image.SetBkMode(TRANSPARENT);
+        m_diagram.Paint(&m_image, m_image.GetClientRect(), nullptr);
+        AddPlaces();
+    }
+
+    CDoublePoint PlaceOf(double x, double y) const {
+        const CRect area = m_diagram.m_rcExactPlotDevice;
+        const CHOOSESCALE& across = m_diagram.m_AbscissaScale;
+        const CHOOSESCALE& up = m_diagram.m_OrdinateScale;
+        return {area.left + area.Width() * (x - across.dLower) / (across.dUpper - across.dLower),
+                area.bottom - area.Height() * (y - up.dLower) / (up.dUpper - up.dLower)};
+    }
+
+    void AddPlaces() {
+        for (int i = 0; i <= 1000; ++i) {
+            m_elements[0].places.push_back(PlaceOf(i / 1000., 0.3 + i / 10000.));
+        }
+        double* const* ppData = m_section.m_ppData;
+        for (int nPart = 0; nPart < m_section.m_nParts; ++nPart) {
+            const CCurvePartInfo& part = m_section.m_pParts[nPart];
+            const std::size_t nShadow = part.nColor == 0 ? 1 : 2;
+            for (int i = part.nFirst; i < part.nFirst + part.nPoints; ++i) {
+                m_elements[nShadow].places.push_back(PlaceOf(ppData[1][i], ppData[2][i]));
+                m_elements[nShadow + 2].places.push_back(PlaceOf(ppData[0][i], ppData[2][i]));
+            }
+        }
+        m_elements[5].places = {PlaceOf(m_x[0], m_y[0]), PlaceOf(m_x[1], m_y[1])};
+        m_elements[6].places = {PlaceOf(m_x[2], m_y[2])};
+    }
+
+    std::set<COLORREF> ColorsAround(const CDoublePoint& place) const {
+        std::set<COLORREF> colors;
+        for (int i = 0; i < 9; ++i) {
+            colors.insert(m_image.GetPixel(static_cast<int>(place.x) + i % 3 - 1,
+                                           static_cast<int>(place.y) + i / 3 - 1));
+        }
+        return colors;
+    }
+
+    static constexpr double LINE = 2.5;
+    static constexpr double SYMBOL = 8.5;
+
+    CImageDC m_image;
+    /// In the order of painting: a later element may cover an earlier one.
+    std::vector<CDrawnElement> m_elements{{0x0000FF, LINE, {}},  {0xFF00FF, LINE, {}}, {0xFFFF00, LINE, {}},
+                                          {0x00FF00, LINE, {}},  {0x00FFFF, LINE, {}}, {0x000080, SYMBOL, {}},
+                                          {0x800000, SYMBOL, {}}};
+};
+
+TEST_F(DiagramPixels, AColourLiesOnItsElementAndNowhereElse) {
+    const CRect area = m_diagram.m_rcExactPlotDevice;
+    for (int y = area.top + 1; y < area.bottom - 1; ++y) {
+        for (int x = area.left + 1; x < area.right - 1; ++x) {
+            const COLORREF color = m_image.GetPixel(x, y);
+            const auto owner = std::find_if(m_elements.begin(), m_elements.end(),
+                                            [&](const CDrawnElement& e) { return e.color == color; });
+            if (owner != m_elements.end()) {
+                EXPECT_TRUE(owner->Reaches(x, y)) << color << " at " << x << "," << y;
+            }
+        }
+    }
+}
+
+TEST_F(DiagramPixels, EveryElementIsThereUnlessALaterOneCoversIt) {
+    for (auto element = m_elements.begin(); element != m_elements.end(); ++element) {
+        for (const CDoublePoint& place : element->places) {
+            const std::set<COLORREF> around = ColorsAround(place);
+            EXPECT_TRUE(std::any_of(element, m_elements.end(),
+                                    [&](const CDrawnElement& e) { return around.contains(e.color); }))
+                << element->color << " is missing at " << place.x << "," << place.y;
+        }
+    }
+}
+
 TEST_F(DiagramPaint, MonochromeUsesBlackAlone) {
     m_diagram.SetMonochrome(true);
     CImageDC image(800, 575);
@@ -113,6 +227,7 @@ TEST_F(DiagramPaint, AZoomCutsCurvesAtTheFrameAndSkipsPointsOutside) {
     CImageDC image(800, 575);
     m_diagram.Paint(&image, image.GetClientRect(), nullptr);
     const std::vector<std::string> lines = m_diagram.PaintLogged();
+    int nPoints = 0; // no part of a curve ends within, so all end on the frame
     for (const std::string& strLine : lines) {
         if (strLine.starts_with("Polyline") && strLine.find("width 12") != std::string::npos) {
             int nX = 0;
@@ -121,10 +236,15 @@ TEST_F(DiagramPaint, AZoomCutsCurvesAtTheFrameAndSkipsPointsOutside) {
             const char* psz = strLine.c_str() + 8;
             while (std::sscanf(psz, " %d,%d%n", &nX, &nY, &nUsed) == 2) {
                 EXPECT_TRUE(nX >= 384 && nX <= 3456 && nY >= 368 && nY <= 3312) << strLine;
+                const bool bEnd = psz == strLine.c_str() + 8 || psz[nUsed + 1] == '(';
+                const bool bOnFrame = nX == 384 || nX == 3456 || nY == 368 || nY == 3312;
+                EXPECT_TRUE(!bEnd || bOnFrame) << nX << "," << nY << " of " << strLine;
+                ++nPoints;
                 psz += nUsed;
             }
         }
     }
+    EXPECT_GT(nPoints, 20);
     EXPECT_THAT(lines, Not(Contains(testing::AllOf(HasSubstr("Ellipse"), HasSubstr("000080")))));
     m_diagram.ZoomTo({0.1, 0.0, 0.1, 0.05}); // nothing there
     const std::vector<std::string> empty = m_diagram.PaintLogged();

@@ -15,24 +15,18 @@ using testing::IsEmpty;
 
 namespace {
 
-/// What a text draws on a surface, one line a run.
-std::vector<std::string> Draw(const std::string& strText) {
+/// What a text draws on a surface, one line a run, on demand without the abscissae.
+std::vector<std::string> Draw(const std::string& strText, bool bOrdinatesAlone = false) {
     CLoggedSurface surface;
     IndexedTextOut(&surface.dc, 1000, 2000, strText.c_str(), 100, nullptr);
+    for (std::string& strLine : surface.lines) {
+        strLine.erase(0, bOrdinatesAlone ? strLine.find(',') + 1 : 0);
+    }
     return surface.lines;
 }
 
-/// The same without the places of the runs.
-std::vector<std::string> Runs(const std::string& strText) {
-    std::vector<std::string> lines = Draw(strText);
-    for (std::string& strLine : lines) {
-        strLine.erase(0, strLine.find(',') + 1);
-    }
-    return lines;
-}
-
-RECT Measure(const std::string& strText) {
-    CLoggedSurface surface;
+RECT Measure(const std::string& strText, const tessara::CDeviceCaps& caps = {}) {
+    CLoggedSurface surface(caps);
     RECT rect{1, 1, 1, 1};
     GetIndexedTextExtent(&surface.dc, strText.c_str(), 100, &rect);
     return rect;
@@ -49,7 +43,7 @@ int PlainWidth(const std::string& strText, LONG nHeight, LONG nWeight = 0) {
 }
 
 TEST(IndexedText, EachControlStylesTheRunBeforeIt) {
-    EXPECT_THAT(Runs("a~Nb~Hc~Ld~Ge~jf~gg~bh~ii"),
+    EXPECT_THAT(Draw("a~Nb~Hc~Ld~Ge~jf~gg~bh~ii", true),
                 ElementsAre("2000 \"a\" (Times New Roman 100)", "1990 \"b\" (Times New Roman 75)",
                             "2050 \"c\" (Times New Roman 75)", "2000 \"d\" (Symbol 100)",
                             "1990 \"e\" (Symbol 75)", "2050 \"f\" (Symbol 75)",
@@ -76,23 +70,18 @@ TEST(IndexedText, UnknownControlsTakeTheNextCharacterLiterallyAndLongRunsEndBetw
                                                          {"~Xy", "y"},   {"a~\xC3\xA9z", "az"},
                                                          {"a~", "a"},    {strLong + "\xC3\xA9", strLong}};
     for (const auto& [strText, strShown] : cases) {
-        EXPECT_THAT(Runs(strText), ElementsAre("2000 \"" + strShown + "\" (Times New Roman 100)"));
+        EXPECT_THAT(Draw(strText, true), ElementsAre("2000 \"" + strShown + "\" (Times New Roman 100)"));
     }
 }
 
-TEST(IndexedText, MeasuresAdvancesAndTheHeightOfNormalRuns) {
+TEST(IndexedText, MeasuresAdvancesAndTheHeightOfNormalRunsAndPrintedOnesTenPerCentMoreButTheLast) {
     EXPECT_EQ(Measure("f(x)~N"), (RECT{0, 0, PlainWidth("f(x)", 100), 100}));
     EXPECT_EQ(Measure("Function"), (RECT{0, 0, PlainWidth("Function", 100), 0}));
     EXPECT_EQ(Measure("Spinodal~b"), (RECT{0, 0, PlainWidth("Spinodal", 100, FW_SEMIBOLD), 0}));
     EXPECT_EQ(Measure("").right, 0);
-}
-
-TEST(IndexedText, PrintedRunsAdvanceTenPerCentFurtherButTheTrailingOne) {
-    CLoggedSurface printer(CLoggedSurface::Printer(1 << 24));
-    RECT rect{};
-    GetIndexedTextExtent(&printer.dc, "10~N5~Hend", 1000, &rect);
-    EXPECT_EQ(rect.right, static_cast<int>(PlainWidth("10", 1000) * 1.1) +
-                              static_cast<int>(PlainWidth("5", 750) * 1.1) + PlainWidth("end", 1000));
+    const int nPrinted = Measure("10~N5~Hend", CLoggedSurface::Printer(1 << 24)).right;
+    EXPECT_EQ(nPrinted, static_cast<int>(PlainWidth("10", 100) * 1.1) +
+                            static_cast<int>(PlainWidth("5", 75) * 1.1) + PlainWidth("end", 100));
 }
 
 TEST(IndexedText, AHundredThousandTextsOfAnyBytesAreMeasuredAndDrawn) {

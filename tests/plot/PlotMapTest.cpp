@@ -3,8 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <random>
 
 using testing::ElementsAre;
 
@@ -50,20 +52,51 @@ TEST(PlotMap, PointsWithoutAPlaceAreGaps) {
     EXPECT_THAT(runs, ElementsAre(ElementsAre(POINT{0, 100}, POINT{10, 90}), ElementsAre(POINT{30, 70}),
                                   ElementsAre(POINT{50, 50})));
     EXPECT_TRUE(MapAll(map, {}, {}).empty());
+    EXPECT_EQ(MapAll(map, std::vector<double>(1000, 0.5), std::vector<double>(1000, 0.1))[0].size(), 1U);
 }
 
-TEST(PlotMap, AMillionNoisyPointsBecomeFourAColumnAtMost) {
-    const tessara::CPlotMap map(FRAME, Axis(0, 1), Axis(-1, 1));
-    std::vector<double> x(1000000);
-    std::vector<double> y(x.size());
-    for (std::size_t i = 0; i < x.size(); ++i) {
-        x[i] = static_cast<double>(i) / static_cast<double>(x.size());
-        y[i] = std::sin(1e6 * x[i] * x[i]);
+/// What a column of pixels shows of a run.
+struct CColumn {
+    LONG nX, nFirst, nLow, nHigh, nLast;
+    friend bool operator==(const CColumn&, const CColumn&) = default;
+};
+
+std::vector<CColumn> Columns(const std::vector<POINT>& points) {
+    std::vector<CColumn> columns;
+    for (const POINT point : points) {
+        if (columns.empty() || columns.back().nX != point.x) {
+            columns.push_back({point.x, point.y, point.y, point.y, point.y});
+        }
+        CColumn& column = columns.back();
+        column = {point.x, column.nFirst, std::min(column.nLow, point.y), std::max(column.nHigh, point.y),
+                  point.y};
     }
-    const auto runs = MapAll(map, x, y);
-    ASSERT_EQ(runs.size(), 1U);
-    EXPECT_LE(runs[0].size(), 4U * 3073U);
-    EXPECT_GE(runs[0].size(), 2U * 3072U);
+    return columns;
+}
+
+TEST(PlotMap, KeepsOfEachColumnWhatTheUnthinnedRunShows) {
+    std::mt19937_64 random(1);
+    std::normal_distribution<double> normal;
+    for (int nRound = 0; nRound < 300; ++nRound) {
+        // From many points a column, rising or falling, to a walk that leaves the frame.
+        const double dStep = std::pow(10, -1 - nRound % 7);
+        const double dWalk = nRound % 3 * dStep;
+        const tessara::CPlotMap map(FRAME, Axis(-0.3, nRound % 11 ? 0.7 : -2), Axis(2, nRound % 2 ? 3 : 1),
+                                    nRound % 5 ? tessara::CPlotMap::Base::top
+                                               : tessara::CPlotMap::Base::bottom);
+        std::vector<double> x{normal(random)};
+        std::vector<double> y{2 + normal(random)};
+        std::vector<POINT> plain{map.Map(x[0], y[0])};
+        for (int i = 1; i < 2000; ++i) {
+            x.push_back(x.back() + (nRound % 2 ? dStep : -dStep) + dWalk * normal(random));
+            y.push_back(y.back() + 0.1 * normal(random));
+            plain.push_back(map.Map(x.back(), y.back()));
+        }
+        const auto runs = MapAll(map, x, y);
+        ASSERT_EQ(runs.size(), 1U);
+        EXPECT_EQ(Columns(runs[0]), Columns(plain)) << nRound;
+        EXPECT_LE(runs[0].size(), 4 * Columns(plain).size());
+    }
 }
 
 } // namespace
