@@ -4,4 +4,4 @@ set -euo pipefail
 cd "$(dirname "$0")"
 tools/install-packages.sh run
 tools/build.sh release
-tools/draw-examples.sh build/release/cli/tessara pictures
+tools/draw-examples.sh build/release/cli/tessara build/release/examples/flory/program/flory pictures

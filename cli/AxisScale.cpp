@@ -13,6 +13,13 @@ namespace {
 constexpr double MAX_STEPS = 200;
 constexpr double MAX_EXPONENT = 8;
 
+/// Steps that add up to the end but for rounding do so exactly: a last tick beyond the axis is not drawn.
+double WithLastTick(double dFrom, double dTo, double dStep) {
+    constexpr double HAIR = 1e-9;
+    const double dLastTick = std::round((dTo - dFrom) / dStep) * dStep + dFrom;
+    return dLastTick > dTo && dLastTick - dTo < HAIR * dStep ? dLastTick : dTo;
+}
+
 } // namespace
 
 AXISSCALE MakeAxisScale(double dFrom, double dTo, double dStep, double dExponent, const SCALENAMES& names) {
@@ -28,7 +35,7 @@ AXISSCALE MakeAxisScale(double dFrom, double dTo, double dStep, double dExponent
     if (dExponent != std::floor(dExponent) || std::fabs(dExponent) > MAX_EXPONENT) {
         throw CException(std::string(names.pszExponent) + " must be a whole number from -8 to 8");
     }
-    return {dFrom, dTo, dStep, static_cast<int>(dExponent)};
+    return {dFrom, WithLastTick(dFrom, dTo, dStep), dStep, static_cast<int>(dExponent)};
 }
 
 AXISSCALE ParseAxisScale(const std::string& strOption, const std::string& strText) {

@@ -21,7 +21,7 @@ struct SCALENAMES {
 };
 
 /// Throws CException for dFrom not below dTo, dStep not above 0, more than 200 steps, and an exponent that is
-/// no whole number from -8 to 8.
+/// no whole number from -8 to 8. The end is the last tick's place where the two differ by rounding alone.
 AXISSCALE MakeAxisScale(double dFrom, double dTo, double dStep, double dExponent, const SCALENAMES& names);
 
 /// Reads "FROM:TO:STEP" or "FROM:TO:STEP:EXP". Throws CException that starts with strOption, for what is no

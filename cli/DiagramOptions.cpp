@@ -21,20 +21,23 @@ Examples:
 
 } // namespace
 
-void DeclareDiagramOptions(CLI::App& command, DIAGRAMOPTIONS& options) {
-    command.add_option("FILE", options.strFile, "diagram file")->required();
-    DeclareOutput(command, options);
-    DeclareName(command, options, "caption (otherwise that of the file, or the file's name)");
+void DeclareDiagramLook(CLI::App& command, DIAGRAMOPTIONS& options, const char* pszNameHelp,
+                        const char* pszZoomHelp) {
+    DeclareName(command, options, pszNameHelp);
     DeclareSlide(command, options, "indexed text under the legend");
     DeclareSize(command, options);
-    command
-        .add_option("--zoom", options.zoom,
-                    "show only the region between two corners; curves are cut at its edges")
-        ->option_text("X1:Y1:X2:Y2");
+    command.add_option("--zoom", options.zoom, pszZoomHelp)->option_text("X1:Y1:X2:Y2");
     DeclareScales(command, options);
     command.add_flag("--multiphase-points", options.bMultiphasePoints,
                      "mark where the cloud-point curve crosses itself");
     DeclareSwitches(command, options);
+}
+
+void DeclareDiagramOptions(CLI::App& command, DIAGRAMOPTIONS& options) {
+    command.add_option("FILE", options.strFile, "diagram file")->required();
+    DeclareOutput(command, options);
+    DeclareDiagramLook(command, options, "caption (otherwise that of the file, or the file's name)",
+                       "show only the region between two corners; curves are cut at its edges");
     command.footer(EXAMPLES);
 }
 

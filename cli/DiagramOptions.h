@@ -14,4 +14,8 @@ struct DIAGRAMOPTIONS : PICTUREOPTIONS {
 /// Gives the subcommand its options, which fill `options` when the command line is parsed.
 void DeclareDiagramOptions(CLI::App& command, DIAGRAMOPTIONS& options);
 
+/// Those of them that say how a diagram looks, for any command that draws one.
+void DeclareDiagramLook(CLI::App& command, DIAGRAMOPTIONS& options, const char* pszNameHelp,
+                        const char* pszZoomHelp);
+
 } // namespace tessara

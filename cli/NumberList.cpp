@@ -9,10 +9,11 @@
 
 namespace tessara {
 
-std::vector<double> ParseNumberList(const std::string& strOption, const std::string& strText) {
+std::vector<double> ParseNumberList(const std::string& strOption, const std::string& strText,
+                                    char chSeparator) {
     std::vector<double> values;
     for (std::size_t nStart = 0; nStart <= strText.size();) {
-        const std::size_t nEnd = std::min(strText.find(':', nStart), strText.size());
+        const std::size_t nEnd = std::min(strText.find(chSeparator, nStart), strText.size());
         const std::string strField = strText.substr(nStart, nEnd - nStart);
         const std::optional<double> value = ParseNumber(strField.c_str());
         if (!value || !std::isfinite(*value)) {

@@ -4,9 +4,8 @@
 
 namespace tessara {
 
-void DeclareOutput(CLI::App& command, PICTUREOPTIONS& options) {
-    command.add_option("-o,--output", options.strOutput, "picture to write: .png, .svg, .pdf or .wmf")
-        ->required();
+void DeclareOutput(CLI::App& command, PICTUREOPTIONS& options, const char* pszHelp) {
+    command.add_option("-o,--output", options.strOutput, pszHelp)->required();
 }
 
 void DeclareName(CLI::App& command, PICTUREOPTIONS& options, const char* pszHelp) {

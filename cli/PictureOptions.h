@@ -32,7 +32,8 @@ struct PICTUREOPTIONS {
 
 // Each gives a subcommand some of these options, in the order in which its help is to list them.
 
-void DeclareOutput(CLI::App& command, PICTUREOPTIONS& options);
+void DeclareOutput(CLI::App& command, PICTUREOPTIONS& options,
+                   const char* pszHelp = "picture to write: .png, .svg, .pdf or .wmf");
 void DeclareName(CLI::App& command, PICTUREOPTIONS& options, const char* pszHelp);
 void DeclareSlide(CLI::App& command, PICTUREOPTIONS& options, const char* pszHelp);
 void DeclareSize(CLI::App& command, PICTUREOPTIONS& options);

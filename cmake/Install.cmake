@@ -33,4 +33,5 @@ if(TARGET tessara_command)
   set_target_properties(tessara_command PROPERTIES INSTALL_RPATH "$ORIGIN/${library_from_command}")
 endif()
 
-install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/tessara)
+install(FILES LICENSE README.md CHANGELOG.md docs/diagram-format.md
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/tessara)

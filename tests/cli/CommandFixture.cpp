@@ -1,6 +1,7 @@
 #include "tests/cli/CommandFixture.h"
 
 #include <algorithm>
+#include <sstream>
 
 #include <gmock/gmock.h>
 
@@ -11,64 +12,59 @@ CCommandFixture::CCommandFixture(std::string strSubcommand) : m_strSubcommand(st
     m_folder.Write("out.png", "old");
 }
 
-COMMANDRESULT CCommandFixture::Run(std::vector<std::string> arguments, unsigned nMaxFileBytes) const {
-    for (std::string& strArgument : arguments) {
-        if (strArgument.starts_with('@')) {
-            strArgument.replace(0, 1, m_folder.Path(""));
-        }
+COMMANDRESULT CCommandFixture::Run(const std::string& strArguments, unsigned nMaxFileBytes) const {
+    std::vector<std::string> arguments = {m_strSubcommand};
+    std::istringstream text(strArguments + " ");
+    for (std::string strArgument; !strArguments.empty() && std::getline(text, strArgument, ' ');) {
+        const bool bInFolder = strArgument.starts_with('@');
+        arguments.push_back(bInFolder ? m_folder.Path(strArgument.substr(1)) : strArgument);
     }
-    arguments.insert(arguments.begin(), m_strSubcommand);
     return RunCommand(arguments, nMaxFileBytes);
 }
 
-void CCommandFixture::ExpectRefused(const std::vector<std::string>& arguments,
-                                    const std::string& strMessage) const {
+std::string CCommandFixture::Draw(const std::string& strArguments) const {
+    const COMMANDRESULT result = Run(strArguments + " -o @out.svg");
+    EXPECT_EQ(result.nExitCode, 0) << strArguments;
+    EXPECT_EQ(result.strOutput + result.strErrors, "") << strArguments;
+    return m_folder.Read("out.svg");
+}
+
+void CCommandFixture::ExpectRefused(const std::string& strArguments, const std::string& strMessage) const {
     const std::vector<std::string> before = m_folder.List();
-    const COMMANDRESULT result = Run(arguments);
+    const COMMANDRESULT result = Run(strArguments);
     EXPECT_EQ(result.nExitCode, 2) << strMessage;
     EXPECT_EQ(result.strOutput, "");
-    EXPECT_THAT(result.strErrors, StartsWith("tessara: "));
-    EXPECT_THAT(result.strErrors, HasSubstr(strMessage));
-    EXPECT_EQ(std::count(result.strErrors.begin(), result.strErrors.end(), '\n'), 1) << result.strErrors;
+    EXPECT_THAT(result.strErrors, testing::AllOf(StartsWith("tessara: "), HasSubstr(strMessage)));
+    EXPECT_EQ(result.strErrors.find('\n'), result.strErrors.size() - 1) << result.strErrors;
     EXPECT_EQ(m_folder.List(), before);
     EXPECT_EQ(m_folder.Read("out.png"), "old");
 }
 
-void CCommandFixture::ExpectEachFormat(const std::vector<std::string>& arguments) const {
+void CCommandFixture::ExpectEachFormat(const std::string& strArguments) const {
     const struct {
-        const char* pszFile;
-        std::string strStart;
-        const char* pszInside;
+        std::string strFile, strStart, strInside;
     } formats[] = {{"out.png", "\x89PNG\r\n", "IEND"},
                    {"out.SVG", "<?xml", "</svg>"},
                    {"out.pdf", "%PDF-", "%%EOF"},
                    {"out.wmf", "\xD7\xCD\xC6\x9A", "Times New Roman"}};
     std::vector<std::string> expected = m_folder.List();
     for (const auto& format : formats) {
-        std::vector<std::string> all = arguments;
-        all.insert(all.end(), {"-o", std::string("@") + format.pszFile});
-        const COMMANDRESULT result = Run(all);
-        EXPECT_EQ(result.nExitCode, 0) << format.pszFile;
+        const COMMANDRESULT result = Run(strArguments + " -o @" + format.strFile);
+        EXPECT_EQ(result.nExitCode, 0) << format.strFile;
         EXPECT_EQ(result.strOutput + result.strErrors, "");
-        EXPECT_THAT(m_folder.Read(format.pszFile), StartsWith(format.strStart));
-        EXPECT_THAT(m_folder.Read(format.pszFile), HasSubstr(format.pszInside));
-        if (std::find(expected.begin(), expected.end(), format.pszFile) == expected.end()) {
-            expected.emplace_back(format.pszFile);
-        }
+        EXPECT_THAT(m_folder.Read(format.strFile),
+                    testing::AllOf(StartsWith(format.strStart), HasSubstr(format.strInside)));
+        expected.push_back(format.strFile);
     }
+    expected.erase(std::find(expected.begin(), expected.end(), "out.png"));
     EXPECT_THAT(m_folder.List(), testing::UnorderedElementsAreArray(expected));
 }
 
-void CCommandFixture::ExpectEachChanges(const std::vector<std::string>& plain,
-                                        const std::vector<std::vector<std::string>>& additions) const {
-    ASSERT_EQ(Run(plain).nExitCode, 0);
-    const std::string strPlain = m_folder.Read("out.svg");
-    for (const std::vector<std::string>& addition : additions) {
-        std::vector<std::string> arguments = plain;
-        arguments.insert(arguments.end(), addition.begin(), addition.end());
-        const COMMANDRESULT result = Run(arguments);
-        EXPECT_EQ(result.nExitCode, 0) << addition.front();
-        EXPECT_EQ(result.strErrors, "") << addition.front();
-        EXPECT_TRUE(m_folder.Read("out.svg") != strPlain) << addition.front() << " draws the same";
+void CCommandFixture::ExpectEachChanges(const std::string& strPlain,
+                                        std::initializer_list<const char*> additions) const {
+    const std::string strPicture = Draw(strPlain);
+    for (const char* pszAddition : additions) {
+        EXPECT_TRUE(Draw((strPlain + " ").append(pszAddition)) != strPicture)
+            << pszAddition << " draws the same";
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -8,20 +9,21 @@
 #include "tests/cli/Command.h"
 #include "tests/cli/Folder.h"
 
-/// Runs a subcommand in a folder of its own with an existing picture "out.png".
+/// Runs a subcommand in a folder of its own with an existing picture "out.png". Arguments are given in one
+/// text, one blank between two; "@" at the front of an argument stands for the folder.
 class CCommandFixture : public testing::Test {
 protected:
     explicit CCommandFixture(std::string strSubcommand);
 
-    /// "@" at the front of an argument stands for the folder.
-    COMMANDRESULT Run(std::vector<std::string> arguments, unsigned nMaxFileBytes = 0) const;
+    COMMANDRESULT Run(const std::string& strArguments, unsigned nMaxFileBytes = 0) const;
+    /// The picture out.svg that the command draws without a word.
+    std::string Draw(const std::string& strArguments) const;
     /// The command says one line that contains the message, and changes no file.
-    void ExpectRefused(const std::vector<std::string>& arguments, const std::string& strMessage) const;
-    /// The command draws each format whole and says nothing. `arguments` lacks the output.
-    void ExpectEachFormat(const std::vector<std::string>& arguments) const;
-    /// Each addition to the command line changes the picture out.svg that the command draws without it.
-    void ExpectEachChanges(const std::vector<std::string>& plain,
-                           const std::vector<std::vector<std::string>>& additions) const;
+    void ExpectRefused(const std::string& strArguments, const std::string& strMessage) const;
+    /// The command draws each format whole and says nothing.
+    void ExpectEachFormat(const std::string& strArguments) const;
+    /// Each addition to the arguments changes the picture.
+    void ExpectEachChanges(const std::string& strPlain, std::initializer_list<const char*> additions) const;
 
     const CFolder m_folder;
 

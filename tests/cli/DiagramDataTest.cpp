@@ -1,10 +1,8 @@
-#include <sstream>
-
 #include <gtest/gtest.h>
 
 #include "cli/DiagramData.h"
-#include "tessara/platform/base/Exception.h"
 #include "tessara/platform/gdi/DC.h"
+#include "tests/cli/Outcome.h"
 
 using tessara::CDiagramData;
 using tessara::DIAGRAM;
@@ -25,25 +23,6 @@ public:
     int CountCriticalPoints() const { return m_pCriticalPoints ? m_pCriticalPoints->m_nPoints : 0; }
     int CountMultiphasePoints() const { return m_pMultiphasePoints ? m_pMultiphasePoints->m_nPoints : 0; }
     int CountLabels() const { return m_nCurveLabels; }
-
-private:
-    /// Each part as "colour: x y, x y", parts between bars, then the number of colours.
-    static std::string Show(const CMultipartCurve* pCurve) {
-        if (!pCurve) {
-            return "none";
-        }
-        std::ostringstream text;
-        for (int nPart = 0; nPart < pCurve->m_nParts; nPart++) {
-            const CCurvePartInfo& part = pCurve->m_pParts[nPart];
-            text << part.nColor << ":";
-            for (int i = part.nFirst; i < part.nFirst + part.nPoints; i++) {
-                text << (i > part.nFirst ? ", " : " ") << pCurve->m_pX[i] << " " << pCurve->m_pY[i];
-            }
-            text << " | ";
-        }
-        text << pCurve->GetNumColors();
-        return text.str();
-    }
 };
 
 constexpr const char* CURVES = R"("binodal":[
@@ -94,16 +73,6 @@ TEST(DiagramData, RefusesARegionWithoutAnything) {
     EXPECT_THROW(CDiagramData(Diagram(CURVES + std::string(R"(,"zoom":{"x":[10,11],"y":[8,10]})"))),
                  CException);
     EXPECT_NO_THROW(CDiagramData(Diagram(R"("zoom":{"x":[10,11],"y":[8,10]})")));
-}
-
-TEST(DiagramData, HasOnlyTheCurvesOfTheFile) {
-    CDiagramData data(Diagram(R"("binodal":[{"x":[1,2],"y":[3,4]}])"));
-    CDiagramProbe output;
-    data.ApplyTo(output);
-    EXPECT_EQ(output.CloudPointCurve(), "0: 1 3, 2 4 | 1");
-    EXPECT_EQ(output.ShadowCurve(), "none");
-    EXPECT_EQ(output.Spinodal(), "none");
-    EXPECT_EQ(output.CountCriticalPoints(), 0);
 }
 
 } // namespace

@@ -5,23 +5,12 @@
 #include "cli/ColumnChoice.h"
 #include "cli/Delimiter.h"
 #include "cli/PictureSize.h"
-#include "tessara/platform/base/Exception.h"
+#include "tests/cli/Outcome.h"
 
 using tessara::CPictureSize;
 using tessara::ParseAxisScale;
 
 namespace {
-
-/// The message with which something is refused.
-template <class ACTION>
-std::string Refusal(ACTION action) {
-    try {
-        action();
-        return "accepted";
-    } catch (const CException& error) {
-        return error.what();
-    }
-}
 
 TEST(PictureSize, RelatesPixelsAndMillimetres) {
     const CPictureSize pixels("800x575", 254);
@@ -43,10 +32,10 @@ TEST(PictureSize, RefusesWhatIsNoSize) {
         EXPECT_EQ(Refusal([&] { CPictureSize(pszSize, 96); }),
                   "--size: \"" + std::string(pszSize) + "\" is not a size such as 800x575 or 160x115mm");
     }
-    EXPECT_EQ(Refusal([] { CPictureSize("15x575", 96); }),
-              "--size: the sides of \"15x575\" must be 16 to 16384 pixels");
-    EXPECT_EQ(Refusal([] { CPictureSize("0x1mm", 96); }),
-              "--size: the sides of \"0x1mm\" must be 16 to 16384 pixels");
+    for (const char* pszSize : {"15x575", "0x1mm"}) {
+        EXPECT_EQ(Refusal([&] { CPictureSize(pszSize, 96); }),
+                  "--size: the sides of \"" + std::string(pszSize) + "\" must be 16 to 16384 pixels");
+    }
     const std::string strHuge = std::string(400, '9') + "x500";
     EXPECT_NE(Refusal([&] { CPictureSize(strHuge, 96); }), "accepted");
     EXPECT_EQ(Refusal([] { CPictureSize("16384x16384", 96); }),
@@ -56,46 +45,43 @@ TEST(PictureSize, RefusesWhatIsNoSize) {
     }
 }
 
-TEST(AxisScale, ReadsThreeOrFourNumbers) {
+TEST(AxisScale, ReadsThreeOrFourNumbersAndSaysWhatIsWrong) {
     const tessara::AXISSCALE scale = ParseAxisScale("--x-scale", "-1:2.5:0.5:-3");
     EXPECT_EQ(scale.dFrom, -1);
     EXPECT_EQ(scale.dTo, 2.5);
     EXPECT_EQ(scale.dStep, 0.5);
     EXPECT_EQ(scale.nExponent, -3);
     EXPECT_EQ(ParseAxisScale("--x-scale", "0:1:0.25").nExponent, 0);
-}
-
-TEST(AxisScale, SaysWhatIsWrong) {
-    const struct {
-        const char* pszText;
-        const char* pszMessage;
-    } cases[] = {
-        {"", "--y-scale: \"\" is not a number"},
-        {"0:1:", "--y-scale: \"\" is not a number"},
-        {"0:a:1", "--y-scale: \"a\" is not a number"},
-        {"0:inf:1", "--y-scale: \"inf\" is not a number"},
-        {"0:1", "--y-scale: \"0:1\" is not FROM:TO:STEP or FROM:TO:STEP:EXP"},
-        {"0:1:2:3:4", "--y-scale: \"0:1:2:3:4\" is not FROM:TO:STEP or FROM:TO:STEP:EXP"},
-        {"1:1:1", "--y-scale: FROM must be below TO"},
-        {"0:1:0", "--y-scale: STEP must be above 0"},
-        {"0:1:-1", "--y-scale: STEP must be above 0"},
-        {"0:1:1e-9", "--y-scale: more than 200 steps"},
-        {"-1e308:1e308:1e-9", "--y-scale: more than 200 steps"},
-        {"0:1:1:9", "--y-scale: EXP must be a whole number from -8 to 8"},
-        {"0:1:1:0.5", "--y-scale: EXP must be a whole number from -8 to 8"},
+    // The last tick, as it is computed, lies on the axis.
+    EXPECT_EQ(ParseAxisScale("--x-scale", "0.02:0.12:0.02").dTo, 5 * 0.02 + 0.02);
+    EXPECT_EQ(ParseAxisScale("--x-scale", "0:1:0.3").dTo, 1);
+    const std::pair<const char*, std::string> cases[] = {
+        {"", "\"\" is not a number"},
+        {"0:1:", "\"\" is not a number"},
+        {"0:a:1", "\"a\" is not a number"},
+        {"0:inf:1", "\"inf\" is not a number"},
+        {"0:1", "\"0:1\" is not FROM:TO:STEP or FROM:TO:STEP:EXP"},
+        {"0:1:2:3:4", "\"0:1:2:3:4\" is not FROM:TO:STEP or FROM:TO:STEP:EXP"},
+        {"1:1:1", "FROM must be below TO"},
+        {"0:1:0", "STEP must be above 0"},
+        {"0:1:-1", "STEP must be above 0"},
+        {"0:1:1e-9", "more than 200 steps"},
+        {"-1e308:1e308:1e-9", "more than 200 steps"},
+        {"0:1:1:9", "EXP must be a whole number from -8 to 8"},
+        {"0:1:1:0.5", "EXP must be a whole number from -8 to 8"},
     };
-    for (const auto& scaleCase : cases) {
-        EXPECT_EQ(Refusal([&] { ParseAxisScale("--y-scale", scaleCase.pszText); }), scaleCase.pszMessage);
+    for (const auto& item : cases) {
+        EXPECT_EQ(Refusal([&] { ParseAxisScale("--y-scale", item.first); }), "--y-scale: " + item.second);
     }
 }
 
 TEST(ColumnChoice, RefusesEmptyEntriesAndSingleColumns) {
-    EXPECT_EQ(Refusal([] { tessara::CColumnChoice("--columns", "1,,2"); }),
-              "--columns: an entry of \"1,,2\" is empty");
-    EXPECT_EQ(Refusal([] { tessara::CColumnChoice("--columns", ""); }),
-              "--columns: an entry of \"\" is empty");
-    EXPECT_EQ(Refusal([] { tessara::CColumnChoice("--columns", "T"); }),
-              "--columns: an abscissa and at least one function are needed, as in 1,2");
+    const auto choose = [](const char* pszColumns) {
+        return Refusal([&] { tessara::CColumnChoice("--columns", pszColumns); });
+    };
+    EXPECT_EQ(choose("1,,2"), "--columns: an entry of \"1,,2\" is empty");
+    EXPECT_EQ(choose(""), "--columns: an entry of \"\" is empty");
+    EXPECT_EQ(choose("T"), "--columns: an abscissa and at least one function are needed, as in 1,2");
 }
 
 TEST(Delimiter, HasANameAndASign) {
@@ -105,12 +91,9 @@ TEST(Delimiter, HasANameAndASign) {
               "--delimiter: \"|\" is not tab, comma, semicolon or space");
 }
 
-TEST(AxisTitle, KeepsTildesOfNames) {
+TEST(AxisTitle, NamesTheAxesByTheHeadersAndKeepsTheirTildes) {
     EXPECT_EQ(tessara::PlainIndexedText("T~C"), "T~~~C~N");
     EXPECT_EQ(tessara::PlainIndexedText(""), "");
-}
-
-TEST(AxisTitle, NamesTheAxesByTheHeaders) {
     const std::vector<tessara::CColumnFile> files = {
         tessara::CColumnFile::Parse("1 2\n", "a", {}),
         tessara::CColumnFile::Parse("T,chi,phi\n1,2,3\n", "b", {}),

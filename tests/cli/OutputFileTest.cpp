@@ -7,11 +7,10 @@
 
 #include <gmock/gmock.h>
 
-#include "cli/InputError.h"
 #include "cli/OutputFile.h"
 #include "tests/cli/Folder.h"
+#include "tests/cli/Outcome.h"
 
-using tessara::CInputError;
 using tessara::COutputFile;
 using testing::ElementsAre;
 
@@ -21,26 +20,22 @@ void Fill(const COutputFile& output, const char* pszText) {
     std::ofstream(output.GetTemporaryPath()) << pszText;
 }
 
-/// What making an output file, and optionally committing it, says.
-std::string Refusal(const std::string& strPath, const char* pszText = "new") {
-    try {
+/// What making, filling and committing an output file says.
+std::string Outcome(const std::string& strPath, const char* pszText = "new") {
+    return Refusal([&] {
         COutputFile output(strPath);
         Fill(output, pszText);
         output.Commit();
-        return "accepted";
-    } catch (const CInputError& error) {
-        return std::string(error.what()).substr(strPath.size());
-    }
-}
-
-mode_t ModeOf(const std::string& strPath) {
-    struct stat status {};
-    return stat(strPath.c_str(), &status) == 0 ? status.st_mode & 0777U : 0;
+    });
 }
 
 TEST(OutputFile, ReplacesTheTargetOnlyWhenCommitted) {
     const CFolder folder;
     const std::string strPath = folder.Write("a.png", "old");
+    for (const char* pszName : {"a.png", "b.png"}) {
+        Fill(COutputFile(folder.Path(pszName)), "half");
+    }
+    EXPECT_THAT(folder.List(), ElementsAre("a.png"));
     COutputFile output(strPath);
     EXPECT_TRUE(output.GetTemporaryPath().ends_with(".png"));
     EXPECT_EQ(std::filesystem::path(output.GetTemporaryPath()).parent_path(),
@@ -52,28 +47,18 @@ TEST(OutputFile, ReplacesTheTargetOnlyWhenCommitted) {
     EXPECT_THAT(folder.List(), ElementsAre("a.png"));
 }
 
-TEST(OutputFile, LeavesEverythingAsItWasWithoutCommit) {
-    const CFolder folder;
-    folder.Write("a.png", "old");
-    for (const char* pszName : {"a.png", "b.png"}) {
-        const COutputFile output(folder.Path(pszName));
-        Fill(output, "half");
-    }
-    EXPECT_THAT(folder.List(), ElementsAre("a.png"));
-    EXPECT_EQ(folder.Read("a.png"), "old");
-}
-
 TEST(OutputFile, HasTheModeOfTheUmaskWhoeverWroteIt) {
     const CFolder folder;
     const mode_t nOld = umask(027);
     COutputFile output(folder.Path("a.svg"));
-    std::filesystem::remove(
-        output.GetTemporaryPath()); // as a writer does that makes its own file and renames it
+    std::filesystem::remove(output.GetTemporaryPath()); // as a writer does that renames a file of its own
     Fill(output, "new");
     chmod(output.GetTemporaryPath().c_str(), 0600);
     output.Commit();
     umask(nOld);
-    EXPECT_EQ(ModeOf(folder.Path("a.svg")), 0640U);
+    struct stat status {};
+    ASSERT_EQ(stat(folder.Path("a.svg").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
 }
 
 TEST(OutputFile, FollowsASymbolicLink) {
@@ -81,7 +66,7 @@ TEST(OutputFile, FollowsASymbolicLink) {
     std::filesystem::create_directory(folder.Path("real"));
     folder.Write("real/a.png", "old");
     std::filesystem::create_symlink("real/a.png", folder.Path("link.png"));
-    EXPECT_EQ(Refusal(folder.Path("link.png")), "accepted");
+    EXPECT_EQ(Outcome(folder.Path("link.png")), "accepted");
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.png")));
     EXPECT_EQ(folder.Read("real/a.png"), "new");
 }
@@ -91,13 +76,16 @@ TEST(OutputFile, RefusesWhatCannotBecomeAFile) {
     std::filesystem::create_directory(folder.Path("d.png"));
     mkfifo(folder.Path("pipe.png").c_str(), 0600);
     folder.Write("file", "x");
-    EXPECT_EQ(Refusal(folder.Path("d.png")), ": is a folder, not a file");
-    EXPECT_EQ(Refusal(folder.Path("pipe.png")), ": is not a plain file");
-    EXPECT_EQ(Refusal(folder.Path("none/a.png")), ": cannot be written: its folder does not exist");
-    EXPECT_EQ(Refusal(folder.Path("file/a.png")), ": cannot be written: Not a directory");
-    EXPECT_EQ(Refusal(folder.Path(std::string(300, 'a') + ".png")),
-              ": cannot be written: File name too long");
-    EXPECT_EQ(Refusal(folder.Path("empty.png"), ""), ": cannot be written");
+    const std::pair<std::string, std::string> cases[] = {
+        {"d.png", ": is a folder, not a file"},
+        {"pipe.png", ": is not a plain file"},
+        {"none/a.png", ": cannot be written: its folder does not exist"},
+        {"file/a.png", ": cannot be written: Not a directory"},
+        {std::string(300, 'a') + ".png", ": cannot be written: File name too long"}};
+    for (const auto& [strName, strMessage] : cases) {
+        EXPECT_EQ(Outcome(folder.Path(strName)), folder.Path(strName) + strMessage);
+    }
+    EXPECT_EQ(Outcome(folder.Path("empty.png"), ""), folder.Path("empty.png") + ": cannot be written");
     EXPECT_THAT(folder.List(), ElementsAre("d.png", "file", "pipe.png"));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -27,15 +28,18 @@ struct CThreePhasePoint {
 /// Cusps and three-phase points are accurate to about 1e-10. The method is exact for any number of species;
 /// a pair of cusps closer than two sampled points may be missed.
 ///
-/// Fewer than 16 points, or more than 1e7, throw std::invalid_argument. Not changed once made.
+/// The curve ends where the thinner phase reaches dThinnest, and before sigma times the longest chain passes
+/// 600 or sigma passes -50. Fewer than 16 points, more than 1e7, and dThinnest not in (0, 1) throw
+/// std::invalid_argument. Not changed once made.
 ///
 ///     const CCloudPointCurve curve(CSample({100, 3000}, {0.9, 0.1}));
 ///     const auto pTable = curve.Table(); // columns 0, 1: cloud points; 2, 1: shadow
 class CCloudPointCurve {
 public:
     static constexpr int POINTS = 2000;
+    static constexpr double THINNEST = 1e-8;
 
-    explicit CCloudPointCurve(CSample sample, int nPoints = POINTS);
+    explicit CCloudPointCurve(CSample sample, int nPoints = POINTS, double dThinnest = THINNEST);
 
     /// A run of the curve between two sigmas that is all physical or not.
     struct CStretch {
@@ -52,14 +56,18 @@ public:
     /// The whole curve as runs, ascending in sigma; neighbours differ.
     const std::vector<CStretch>& Stretches() const { return m_stretches; }
 
-    /// One part for each run, its ends exact, in the colours of PartColor; the columns are cloud-point
-    /// fraction, ordinate, shadow fraction, sigma, chi. Points without an ordinate are left out.
+    /// One part for each run in the colours of PartColor; the columns are cloud-point fraction, ordinate,
+    /// shadow fraction, sigma, chi. Points without an ordinate are left out. Neighbouring runs share the
+    /// point in which they meet. It lies beyond the three-phase point by 1e-8 of the run that is not
+    /// physical, so that the polylines of the physical ones cross there.
     std::unique_ptr<CMultipartTable> Table(const COrdinate& ordinate = {}) const;
 
 private:
-    double Limit(double dFactor) const;
-    void SamplePoints(int nPoints);
+    double Limit(double dFactor, double dThinnest) const;
+    void SamplePoints(int nPoints, double dThinnest);
     void FindCusps();
+    /// The sigma at which the drawn runs nNext - 1 and nNext meet.
+    double Join(std::size_t nNext) const;
 
     CCoexistenceFunction m_function;
     std::vector<CCoexistence> m_points;

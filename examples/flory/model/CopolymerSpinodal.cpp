@@ -33,6 +33,49 @@ CCopolymerBlend CCopolymerSpinodal::At(double p) const {
     return CCopolymerBlend(std::move(components));
 }
 
+/// Between -1 and 1, zero in a critical point.
+double CCopolymerSpinodal::SkewAt(double p) const {
+    const CCopolymerBlend blend = At(p);
+    double dAll = 0, dA = 0;
+    for (const CBlendComponent& c : blend.Components()) {
+        dAll += c.dPhi * c.dLength;
+        dA += c.dPhi * c.dLength * c.dA;
+    }
+    double dSum = 0, dSize = 0;
+    for (const CBlendComponent& c : blend.Components()) {
+        const double dTerm = c.dPhi * c.dLength * c.dLength * std::pow(c.dA - dA / dAll, 3);
+        dSum += dTerm;
+        dSize += std::abs(dTerm);
+    }
+    return dSize > 0 ? dSum / dSize : 0;
+}
+
+std::vector<CCopolymerSpinodal::CCriticalPoint> CCopolymerSpinodal::CriticalPoints() const {
+    constexpr int N_STEPS = 200;
+    constexpr double NONE = 1e-12; ///< what rounding leaves of zero
+    std::vector<CCriticalPoint> points;
+    const auto add = [&](double p) {
+        const CCopolymerBlend blend = At(p);
+        if (std::isfinite(blend.TrivialChi()) && blend.NontrivialMinimum().x == 0) {
+            points.push_back({p, blend.TrivialChi()});
+        }
+    };
+    double dBefore = SkewAt(0);
+    if (std::abs(dBefore) < NONE) {
+        add(0);
+    }
+    for (int i = 0; i < N_STEPS; ++i) {
+        const double dFirst = i / static_cast<double>(N_STEPS), dLast = (i + 1.) / N_STEPS;
+        const double dAfter = SkewAt(dLast);
+        if (std::abs(dBefore) >= NONE && (std::abs(dAfter) < NONE || (dBefore < 0) != (dAfter < 0))) {
+            add(std::abs(dAfter) < NONE ? dLast
+                                        : FindZero([&](double p) { return SkewAt(p); }, dFirst, dLast));
+        }
+        dBefore = dAfter;
+    }
+    return points;
+}
+
 std::vector<CCopolymerSpinodal::CLifshitzPoint> CCopolymerSpinodal::LifshitzPoints() const {
     // The slope is infinite at the ends of a path; its sign and a root of moderate size are enough.
     const auto height = [&](double p) {

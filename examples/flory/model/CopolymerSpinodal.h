@@ -24,6 +24,19 @@ public:
     /// The blend at p in [0, 1] (std::invalid_argument).
     CCopolymerBlend At(double p) const;
 
+    /// A critical point of the separation into two liquids.
+    struct CCriticalPoint {
+        double p;
+        double dChi;
+    };
+
+    /// The critical points on the trivial branch by ascending p, as far as no structure forms before,
+    /// searched in 200 steps; relative accuracy about 1e-12. With d_i = f_i - sum(phi N f)/sum(phi N) they
+    /// are the zeros of sum(phi_i N_i^2 d_i^3) (the third derivative of the free energy along the direction
+    /// in which the blend becomes unstable). Where this is zero all along, as in symmetric blends, only the
+    /// first is told.
+    std::vector<CCriticalPoint> CriticalPoints() const;
+
     /// The Lifshitz points by ascending p, searched in 200 steps; relative accuracy about 1e-12.
     std::vector<CLifshitzPoint> LifshitzPoints() const;
 
@@ -35,6 +48,7 @@ public:
 
 private:
     void AddNontrivial(int nPoints, CPartTable& table) const;
+    double SkewAt(double p) const;
     double SlopeAt(double p) const { return At(p).SlopeAtZero(); }
 
     CCopolymerBlend m_first;

@@ -177,15 +177,17 @@ TEST(CloudPointCurveTest, PartsMeetInTheThreePhasePoint) {
         const CCurvePartInfo& part = pTable->m_pParts[i];
         EXPECT_EQ(part.nColor, i == 1 ? NON_PHYSICAL : PHYSICAL);
         if (i > 0) {
-            EXPECT_NEAR(pTable->m_ppData[0][part.nFirst], dPhi, 1e-12);
-            EXPECT_NEAR(pTable->m_ppData[0][part.nFirst - 1], dPhi, 1e-12);
-            EXPECT_NEAR(pTable->m_ppData[1][part.nFirst], 180 / curve.ThreePhasePoints()[0].dChi, 1e-8);
+            EXPECT_NEAR(pTable->m_ppData[0][part.nFirst], dPhi, 1e-8);
+            EXPECT_NEAR(pTable->m_ppData[1][part.nFirst], 180 / curve.ThreePhasePoints()[0].dChi, 1e-5);
+            EXPECT_EQ(pTable->m_ppData[0][part.nFirst], pTable->m_ppData[0][part.nFirst - 1]);
+            EXPECT_EQ(pTable->m_ppData[1][part.nFirst], pTable->m_ppData[1][part.nFirst - 1]);
         }
     }
 }
 
-TEST(CloudPointCurveTest, RefusesTooFewPoints) {
+TEST(CloudPointCurveTest, RefusesTooFewPointsAndNoEnd) {
     EXPECT_THROW(CCloudPointCurve(Bidisperse(), 15), std::invalid_argument);
+    EXPECT_THROW(CCloudPointCurve(Bidisperse(), 16, 0), std::invalid_argument);
 }
 
 TEST(CloudPointCurveTest, PhasesOfRandomSamplesAreInEquilibrium) {

@@ -83,6 +83,30 @@ TEST(CopolymerSpinodalTest, NontrivialPartLeavesTheTrivialOneInTheLifshitzPoint)
     }
 }
 
+/// Homopolymers of lengths 40 and 90 and a share of symmetric diblocks of length 100, from A to B.
+CCopolymerSpinodal AcrossAt(double dDiblock) {
+    return {CCopolymerBlend({{40, 1, 1 - dDiblock}, {90, 0, 0}, {100, 0.5, dDiblock}}),
+            CCopolymerBlend({{40, 1, 0}, {90, 0, 1 - dDiblock}, {100, 0.5, dDiblock}})};
+}
+
+TEST(CopolymerSpinodalTest, CriticalPointOfHomopolymersIsFlorys) {
+    const auto points = AcrossAt(0).CriticalPoints();
+    ASSERT_EQ(points.size(), 1u);
+    EXPECT_NEAR(1 - points[0].p, std::sqrt(90.) / (std::sqrt(40.) + std::sqrt(90.)), 1e-12);
+    EXPECT_NEAR(points[0].dChi, std::pow(1 / std::sqrt(40.) + 1 / std::sqrt(90.), 2) / 2, 1e-12);
+}
+
+TEST(CopolymerSpinodalTest, CriticalPointsLieOnTheTrivialSpinodalOnly) {
+    const auto points = AcrossAt(0.2).CriticalPoints();
+    ASSERT_EQ(points.size(), 1u);
+    EXPECT_EQ(AcrossAt(0.2).At(points[0].p).TrivialChi(), points[0].dChi);
+    EXPECT_TRUE(AcrossAt(0.6).CriticalPoints().empty()) << "a structure forms first";
+    const auto symmetric = Path(0.5).CriticalPoints();
+    ASSERT_EQ(symmetric.size(), 1u) << "the first of a line of them";
+    EXPECT_EQ(symmetric[0].p, 0);
+    EXPECT_NEAR(symmetric[0].dChi, 0.04, 1e-15);
+}
+
 TEST(CopolymerSpinodalTest, RefusesEndsOfOtherComponents) {
     EXPECT_THROW(CCopolymerSpinodal(CCopolymerBlend({{100, 1, 1}}), CCopolymerBlend({{200, 1, 1}})),
                  std::invalid_argument);

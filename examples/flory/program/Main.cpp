@@ -1,0 +1,105 @@
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "cli/InputError.h"
+#include "examples/flory/program/CopolymerCommand.h"
+#include "examples/flory/program/MapCommands.h"
+#include "examples/flory/program/RowReport.h"
+#include "examples/flory/program/SolutionCommand.h"
+
+namespace {
+
+constexpr int EXIT_BAD_INPUT = 2;
+constexpr int EXIT_INTERRUPTED = 130; ///< as the shell has it for a program that Ctrl-C ended
+constexpr const char* VERSION_LINE = "flory " TESSARA_VERSION;
+constexpr const char* SOLUTION = "solution";
+
+constexpr const char* HELP =
+    R"(`flory OPTIONS` is short for `flory solution OPTIONS`; `flory solution --help` and the like show the options.
+
+Examples:
+  flory --chains 300,9000 --weights 0.99,0.01 --chi -0.2956,243.29 -o ps.json
+  flory --chains 300,9000 --weights 0.99,0.01 --chi -0.2956,243.29 -o ps.svg
+  flory copolymer --homopolymers 50,50 --diblock 100 -o lifshitz.png
+  flory three-phases --chains 300,9000 --w 0.001:0.05 -o three.txt
+  flory stability --chains 300,9000 --at-chi 0.56 --phi 0:0.2 --w 0:0.1 -o map.txt)";
+
+int Complain(const char* pszMessage, int nExitCode = EXIT_BAD_INPUT) {
+    std::fprintf(stderr, "flory: %s\n", tessara::OneLine(pszMessage).c_str());
+    return nExitCode;
+}
+
+CLI::App* AddSubcommand(CLI::App& app, const char* pszName, const char* pszHelp) {
+    CLI::App* pCommand = app.add_subcommand(pszName, pszHelp);
+    pCommand->set_version_flag("--version", VERSION_LINE);
+    return pCommand;
+}
+
+/// The arguments in the reverse order that the parser takes, with the subcommand that may be left out.
+std::vector<std::string> ArgumentsOf(int argc, char** argv) {
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    const std::string strFirst = arguments.empty() ? "" : arguments.front();
+    const bool bOfProgram = strFirst == "--help" || strFirst == "-h" || strFirst == "--version";
+    if (strFirst.starts_with('-') && !bOfProgram) {
+        arguments.insert(arguments.begin(), SOLUTION);
+    }
+    return {arguments.rbegin(), arguments.rend()};
+}
+
+int Run(int argc, char** argv) {
+    CLI::App app("Computes phase diagrams of polymer solutions and copolymer blends", "flory");
+    app.set_version_flag("--version", VERSION_LINE);
+    app.footer(HELP);
+    app.require_subcommand(1);
+    flory::CSolutionOptions solution;
+    CLI::App* pSolution = AddSubcommand(app, SOLUTION, "Draw the phase diagram of a polymer solution");
+    flory::DeclareSolutionOptions(*pSolution, solution);
+    flory::CCopolymerOptions copolymer;
+    CLI::App* pCopolymer = AddSubcommand(app, "copolymer", "Draw the spinodal of a blend with a diblock");
+    flory::DeclareCopolymerOptions(*pCopolymer, copolymer);
+    flory::CThreePhasesOptions threePhases;
+    CLI::App* pThreePhases = AddSubcommand(app, "three-phases", "Tabulate three-phase points");
+    flory::DeclareThreePhasesOptions(*pThreePhases, threePhases);
+    flory::CStabilityOptions stability;
+    CLI::App* pStability = AddSubcommand(app, "stability", "Tabulate where solutions are stable");
+    flory::DeclareStabilityOptions(*pStability, stability);
+    try {
+        app.parse(ArgumentsOf(argc, argv));
+    } catch (const CLI::Success& answer) {
+        return app.exit(answer);
+    }
+    if (*pSolution) {
+        flory::RunSolution(solution);
+    } else if (*pCopolymer) {
+        flory::RunCopolymer(copolymer);
+    } else if (*pThreePhases) {
+        flory::RunThreePhases(threePhases);
+    } else {
+        flory::RunStability(stability);
+    }
+    return EXIT_SUCCESS;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // Pictures need no display, whatever the environment says, and Qt's advice about it is no message of
+    // ours.
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    setenv("QT_LOGGING_RULES", "*.warning=false", 0);
+    std::signal(SIGXFSZ, SIG_IGN); // a limit of file sizes is an error like a full disk
+    try {
+        return Run(argc, argv);
+    } catch (const flory::CAborted& aborted) {
+        return Complain(aborted.what(), EXIT_INTERRUPTED);
+    } catch (const std::bad_alloc&) {
+        return Complain("out of memory");
+    } catch (const std::exception& error) {
+        return Complain(error.what());
+    }
+}

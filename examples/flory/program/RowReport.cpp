@@ -1,0 +1,56 @@
+#include "examples/flory/program/RowReport.h"
+
+#include <csignal>
+#include <cstdio>
+#include <string>
+#include <unistd.h>
+
+namespace flory {
+
+namespace {
+
+volatile std::sig_atomic_t g_nInterrupted = 0;
+
+void Interrupt(int) {
+    g_nInterrupted = 1;
+}
+
+} // namespace
+
+CRowReport::CRowReport() : m_bTerminal(isatty(STDERR_FILENO) != 0) {
+    g_nInterrupted = 0;
+    std::signal(SIGINT, Interrupt);
+}
+
+CRowReport::~CRowReport() {
+    std::signal(SIGINT, SIG_DFL);
+    if (m_bTerminal && m_nShown >= 0) {
+        std::fputc('\n', stderr);
+    }
+}
+
+CRowProgress CRowReport::Progress() {
+    return [this](int nDone, int nRows) { return Show(nDone, nRows); };
+}
+
+bool CRowReport::Show(int nDone, int nRows) {
+    m_nDone = nDone;
+    m_nRows = nRows;
+    const int nSteps = m_bTerminal ? 100 : 10;
+    const auto nStep = static_cast<int>(static_cast<long long>(nDone) * nSteps / nRows);
+    if (nStep != m_nShown) {
+        m_nShown = nStep;
+        std::fprintf(stderr, m_bTerminal ? "\r%d of %d rows" : "%d of %d rows\n", nDone, nRows);
+        std::fflush(stderr);
+    }
+    return g_nInterrupted == 0;
+}
+
+void CRowReport::Check(bool bDone) const {
+    if (!bDone) {
+        throw CAborted("aborted after " + std::to_string(m_nDone) + " of " + std::to_string(m_nRows) +
+                       " rows; nothing was written");
+    }
+}
+
+} // namespace flory
