@@ -77,6 +77,9 @@ TEST_F(PlotCommand, TakesTheWholeWidthUnlessSomethingStandsBeside) {
     const std::string strTitle = "@d.txt --columns 1,2 --argument-symbol T";
     EXPECT_TRUE(Draw(strTitle + "~N --no-legend") == Draw(strTitle + "~N"));
     EXPECT_TRUE(Draw(strTitle + "emperature~N --no-legend") != Draw(strTitle + "emperature~N"));
+    m_folder.Write("long.txt", "T," + std::string(200, 'W') + "\n1,2\n3,4\n");
+    EXPECT_THAT(Draw("@long.txt"),
+                testing::AllOf(HasSubstr("WW..."), testing::Not(HasSubstr(std::string(200, 'W')))));
 }
 
 TEST(Command, AsksForASubcommandAndShowsVersionAndHelp) {

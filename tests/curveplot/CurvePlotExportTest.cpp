@@ -71,8 +71,7 @@ TEST_F(CurvePlotExport, RecordsAreThoseOfTheReviewedDump) {
 }
 
 TEST_F(CurvePlotExport, TheSurfaceIsDrawnAsInTheReviewedDumpWithAPictureOrWithout) {
-    tessara::CLoggedSurface alone;
-    PaintLogged(m_plot, alone);
+    const tessara::CPlotLog alone(m_plot);
     std::string strText;
     for (const std::string& strLine : alone.lines) {
         strText += strLine + "\n";

@@ -73,20 +73,18 @@ TEST(CurvePlotModel, AxesSpanCurvesAndSymbolsButNothingThatIsNotANumber) {
 
 TEST(CurvePlotModel, ResourceStringsSetNamesAndTheFormatsTheyHave) {
     tessara::AddStringResources(STRINGS);
-    const struct {
-        UINT nID;
-        const char *pszName, *pszArgument, *pszFunctionFormat, *pszArgumentFormat;
-    } cases[] = {{50001, "Volume", "T~N", "%.2lf", "%.2lf"},
-                 {50003, "Volume", "T~N", "%.1lf", "%.3lf"},
-                 {50004, "", "no line feed", "%.2lf", "%.2lf"}};
-    for (const auto& item : cases) {
+    const std::tuple<UINT, const char*, const char*, const char*, const char*> cases[] = {
+        {50001, "Volume", "T~N", "%.2lf", "%.2lf"},
+        {50003, "Volume", "T~N", "%.1lf", "%.3lf"},
+        {50004, "", "no line feed", "%.2lf", "%.2lf"}};
+    for (const auto& [nID, pszName, pszArgument, pszFunctionFormat, pszArgumentFormat] : cases) {
         CTestPlot plot;
         plot.SetSlideName("slide");
-        plot.LoadResourceString(item.nID);
-        EXPECT_STREQ(plot.m_strCurveName, item.pszName);
-        EXPECT_STREQ(plot.m_strCurveArgument, item.pszArgument);
-        EXPECT_STREQ(plot.GetFunctionFormat(), item.pszFunctionFormat);
-        EXPECT_STREQ(plot.GetArgumentFormat(), item.pszArgumentFormat);
+        plot.LoadResourceString(nID);
+        EXPECT_STREQ(plot.m_strCurveName, pszName);
+        EXPECT_STREQ(plot.m_strCurveArgument, pszArgument);
+        EXPECT_STREQ(plot.GetFunctionFormat(), pszFunctionFormat);
+        EXPECT_STREQ(plot.GetArgumentFormat(), pszArgumentFormat);
         EXPECT_TRUE(plot.m_strSlideName.IsEmpty()) << "a new plot forgets the slide";
     }
     EXPECT_THROW(CTestPlot().LoadResourceString(59999), CResourceException);

@@ -8,7 +8,6 @@
 #include "tessara/platform/gdi/ImageDC.h"
 #include "tests/curveplot/Plots.h"
 
-using tessara::CLoggedSurface;
 using tessara::CTestPlot;
 using tessara::MakeLines;
 using testing::Each;
@@ -28,14 +27,12 @@ TEST(CurvePlotPaint, TheLegendTakesRoomAndAllThatIsNotWantedIsLeftOut) {
     CTestPlot plot;
     plot = pLines.get();
     plot.SetSlideName("T = 300 K");
-    CLoggedSurface withLegend;
-    PaintLogged(plot, withLegend);
+    const tessara::CPlotLog withLegend(plot);
     EXPECT_THAT(withLegend.LinesWith(FRAME_PEN), ElementsAre(HasSubstr("Rectangle 360,344 3480,3336"),
                                                              HasSubstr("Rectangle 3656,344 4856,992")));
     EXPECT_THAT(withLegend.LinesWith("Text 3736,"), SizeIs(3));
     plot.m_bShowLegend = plot.m_bShowCaption = 0;
-    CLoggedSurface without;
-    PaintLogged(plot, without);
+    const tessara::CPlotLog without(plot);
     EXPECT_THAT(without.LinesWith(FRAME_PEN), ElementsAre(HasSubstr("Rectangle 360,344 4760,3336")));
     EXPECT_THAT(without.LinesWith("weight 700"), IsEmpty()) << "neither slide name nor caption";
 }
@@ -47,8 +44,7 @@ TEST(CurvePlotPaint, PartsHaveTheColoursOfTheirIndicesAndTheLegendOneRowAColour)
     CTestPlot plot;
     plot = &curve;
     EXPECT_EQ(plot.Value(0, 1.5), 1.5);
-    CLoggedSurface surface;
-    PaintLogged(plot, surface);
+    const tessara::CPlotLog surface(plot);
     EXPECT_THAT(surface.LinesWith("(pen 0000FF width 12)"), SizeIs(1));
     EXPECT_THAT(surface.LinesWith("(pen 00FF00 width 12)"), SizeIs(2));
     EXPECT_THAT(surface.LinesWith("Text 3736,"), SizeIs(2));
@@ -60,8 +56,7 @@ TEST(CurvePlotPaint, TheOrdinateTitleNamesThePowerOfTenOfItsLabelsInItsOwnEncodi
     CTestPlot plot;
     plot.SetOutputData(values, values, 2);
     plot.SetCurveSymbol("\xCF\x87~N");
-    CLoggedSurface surface;
-    PaintLogged(plot, surface);
+    const tessara::CPlotLog surface(plot);
     EXPECT_THAT(surface.LinesWith("\"\\xC3\\x9710\""), SizeIs(1));
     EXPECT_THAT(surface.LinesWith("\"-3\""), SizeIs(1));
 }

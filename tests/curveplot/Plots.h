@@ -34,9 +34,8 @@ inline std::unique_ptr<CMultiCurve> MakeLines(int nColumns, int nPoints) {
 constexpr RECT PAGE_CLIENT{0, 0, 5120, 3680}; ///< one pixel a page unit
 
 /// The log of a plot painted on a surface of its own.
-inline CLoggedSurface* PaintLogged(COutputCurve& plot, CLoggedSurface& surface) {
-    plot.Paint(&surface.dc, PAGE_CLIENT, nullptr);
-    return &surface;
-}
+struct CPlotLog : CLoggedSurface {
+    explicit CPlotLog(COutputCurve& plot) { plot.Paint(&dc, PAGE_CLIENT, nullptr); }
+};
 
 } // namespace tessara

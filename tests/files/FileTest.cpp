@@ -2,7 +2,6 @@
 
 #include <csignal>
 #include <fcntl.h>
-#include <filesystem>
 #include <functional>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -11,10 +10,9 @@
 
 #include "tessara/platform/base/Archive.h"
 #include "tessara/platform/files/MemFile.h"
+#include "tests/cli/Folder.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 int CauseOf(const std::function<void()>& action) {
     try {
@@ -35,14 +33,8 @@ std::string Content(CFile& file) {
 /// A folder of its own for each test.
 class File : public testing::Test {
 protected:
-    File() {
-        std::string strPattern = (fs::temp_directory_path() / "tessara-file-XXXXXX").string();
-        m_folder = mkdtemp(strPattern.data());
-    }
-    ~File() override { fs::remove_all(m_folder); }
-
-    CString Path(const char* pszName) const { return CString((m_folder / pszName).string()); }
-    fs::path m_folder;
+    CString Path(const char* pszName) const { return CString(m_folder.Path(pszName)); }
+    const CFolder m_folder;
 };
 
 TEST_F(File, OpeningCreatesEmptiesOrKeeps) {
@@ -88,7 +80,7 @@ TEST_F(File, EveryFailureHasItsCauseAndChangesNothing) {
         {CFileException::fileNotFound, [&] { CFile("", CFile::modeRead); }},
         {CFileException::badPath, [&] { CFile(Path("a/b"), CFile::modeRead); }},
         {CFileException::accessDenied, [&] { CFile(Path("."), CFile::modeRead); }},
-        {CFileException::accessDenied, [&] { CFile::Remove(m_folder.c_str()); }},
+        {CFileException::accessDenied, [&] { CFile::Remove(Path("")); }},
         {CFileException::badSeek, [&] { file.Seek(-1, CFile::begin); }},
         {CFileException::badSeek, [&] { memory.Seek(INT64_MAX, CFile::end); }},
         {CFileException::invalidFile, [&] { closed.GetLength(); }},

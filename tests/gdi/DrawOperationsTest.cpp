@@ -21,16 +21,20 @@ constexpr std::array OPERATIONS{TESSARA_DRAW_OPERATIONS(TESSARA_OPERATION_NAME)}
 constexpr std::array<POINT, 3> CORNERS{POINT{10, 10}, POINT{90, 20}, POINT{40, 80}};
 constexpr RECT BOX{20, 30, 80, 90};
 
-/// How a program issues each operation.
-const std::map<std::string, std::function<void(CDC&)>> ISSUES{
-    {"Polyline", [](CDC& dc) { dc.Polyline(CORNERS.data(), 3); }},
-    {"Polygon", [](CDC& dc) { dc.Polygon(CORNERS.data(), 3); }},
-    {"Rectangle", [](CDC& dc) { dc.Rectangle(&BOX); }},
-    {"Ellipse", [](CDC& dc) { dc.Ellipse(&BOX); }},
+/// How a program issues each operation, and what the log says of it.
+const std::map<std::string, std::pair<std::function<void(CDC&)>, const char*>> ISSUES{
+    {"Polyline",
+     {[](CDC& dc) { dc.Polyline(CORNERS.data(), 3); }, " 10,10 90,20 40,80 (pen 000000 width 0)"}},
+    {"Polygon",
+     {[](CDC& dc) { dc.Polygon(CORNERS.data(), 3); },
+      " 10,10 90,20 40,80 (pen 000000 width 0, brush FFFFFF)"}},
+    {"Rectangle", {[](CDC& dc) { dc.Rectangle(&BOX); }, " 20,30 80,90 (pen 000000 width 0, brush FFFFFF)"}},
+    {"Ellipse", {[](CDC& dc) { dc.Ellipse(&BOX); }, " 20,30 80,90 (pen 000000 width 0, brush FFFFFF)"}},
     {"FillRect",
-     [](CDC& dc) { dc.FillRect(&BOX, static_cast<CBrush*>(tessara::GetStockObject(BLACK_BRUSH))); }},
-    {"FocusRect", [](CDC& dc) { dc.DrawFocusRect(&BOX); }},
-    {"Text", [](CDC& dc) { dc.TextOut(5, 6, "a\xD7\"", 3); }},
+     {[](CDC& dc) { dc.FillRect(&BOX, static_cast<CBrush*>(tessara::GetStockObject(BLACK_BRUSH))); },
+      " 20,30 80,90 (brush 000000)"}},
+    {"FocusRect", {[](CDC& dc) { dc.DrawFocusRect(&BOX); }, " 20,30 80,90"}},
+    {"Text", {[](CDC& dc) { dc.TextOut(5, 6, "a\xD7\"", 3); }, " 5,6 \"a\\xD7\"\" (MS Sans Serif 16)"}},
 };
 
 /// The bytes of a file that holds one operation.
@@ -60,10 +64,10 @@ std::vector<std::string> Sample(tessara::CLoggedSurface& log) {
 TEST(DrawOperation, ReachesEverySinkOnceButFilesOnlyIfItIsNotAboutFocus) {
     for (const std::string strName : OPERATIONS) {
         SCOPED_TRACE(strName);
-        const std::function<void(CDC&)>& call = ISSUES.at(strName);
+        const auto& [call, pszLogged] = ISSUES.at(strName);
         tessara::CLoggedSurface log;
         call(log.dc);
-        EXPECT_THAT(log.lines, testing::ElementsAre(testing::StartsWith(strName + " ")));
+        EXPECT_THAT(log.lines, testing::ElementsAre(strName + pszLogged));
         for (const bool bSmooth : {false, true}) {
             CImageDC dc(100, 100);
             dc.SetSmooth(bSmooth);

@@ -94,6 +94,21 @@ TEST(Image, AnInvertingLineOfManySegmentsInvertsEachPixelOnce) {
     }
 }
 
+TEST(Image, APenIsAsWideAsTheMappingMakesIt) {
+    for (const auto& [nExtent, nPixels] : {std::pair(100, 32), {50, 16}, {-25, 8}, {1, 1}}) {
+        CImageDC dc(100, 80);
+        dc.SetMapMode(MM_ANISOTROPIC);
+        dc.SetWindowExt(100, 100);
+        dc.SetViewportExt(nExtent, nExtent);
+        dc.SetViewportOrg(0, 40);
+        CPen pen(PS_SOLID, 32, 0);
+        dc.SelectObject(&pen);
+        dc.MoveTo(-100000, 0);
+        dc.LineTo(100000, 0);
+        EXPECT_EQ(CountPixels(dc, 0), 100 * nPixels) << nExtent;
+    }
+}
+
 TEST(Image, LinesShowWhereverTheWindowOriginLies) {
     for (const bool bSmooth : {false, true}) {
         for (const int nOrigin : {0, 20000, -3000000}) {

@@ -132,6 +132,30 @@ TEST(Metafile, AnyDrawingIsSound) {
     }
 }
 
+TEST(MetafileReader, NoticesEveryDamage) {
+    CMetaFileDC picture;
+    picture.Create();
+    picture.SetBkMode(TRANSPARENT);
+    SelectFont(picture, -100, "Times New Roman");
+    picture.TextOut(3, 4, "ab", 2);
+    picture.Ellipse(1, 2, 30, 40);
+    constexpr POINT corners[] = {{1, 2}, {3, 4}, {5, 6}};
+    picture.Polyline(corners, 3);
+    HMETAFILE hPicture = picture.Close();
+    const std::vector<unsigned char> bytes(hPicture->GetBytes().begin(), hPicture->GetBytes().end());
+    DeleteMetaFile(hPicture);
+    const CMetafileReading sound = ReadMetafile(bytes);
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        for (const int nFlip : {0x01, 0x80, 0xFF}) {
+            std::vector<unsigned char> damaged = bytes;
+            damaged[i] ^= static_cast<unsigned char>(nFlip);
+            const CMetafileReading reading = ReadMetafile(damaged);
+            EXPECT_TRUE(!reading.faults.empty() || reading.lines != sound.lines) << i << " ^ " << nFlip;
+        }
+        EXPECT_FALSE(ReadMetafile({bytes.data(), i}).faults.empty()) << "cut to " << i;
+    }
+}
+
 TEST(Metafile, IsClosedOnceAndEmptyWithoutDrawing) {
     EXPECT_EQ(Recorded([](CDC&) {}).GetText(), "Metafile version 0300 objects 0\nEnd\n");
     CMetaFileDC picture;

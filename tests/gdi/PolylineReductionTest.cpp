@@ -106,6 +106,18 @@ TEST(ClipPolyline, KeepsEveryInsidePointAndNothingOutside) {
     }
 }
 
+TEST(ClipPolyline, CutsExactlyAtTheEdges) {
+    const std::pair<Points, std::vector<Points>> cases[] = {
+        {{{-10, 5}, {30, 5}}, {{{0, 5}, {20, 5}}}},
+        {{{-5, -5}, {25, 25}}, {{{0, 0}, {10, 10}}}},
+        {{{5, 5}, {5, 30}, {15, 30}, {15, 5}}, {{{5, 5}, {5, 10}}, {{15, 10}, {15, 5}}}},
+        {{{-4, 8}, {8, -4}, {8, 5}}, {{{0, 4}, {4, 0}}, {{8, 0}, {8, 5}}}},
+        {{{-5, 12}, {12, 30}}, {}}};
+    for (const auto& [line, pieces] : cases) {
+        EXPECT_EQ(Clipped(line, {0, 0, 20, 10}), pieces);
+    }
+}
+
 TEST(PixelLine, CoversWhatTheUnmergedLineCovers) {
     std::mt19937 random(7);
     for (const SIZE size : {SIZE{800, 575}, SIZE{1600, 1150}, SIZE{801, 577}, SIZE{333, 97}}) {

@@ -52,6 +52,16 @@ TEST(Text, IsMeasuredTheSameOnEverySurface) {
     }
 }
 
+TEST(Text, APositiveHeightIsTheCellsAndANegativeOneThatOfTheCharactersInIt) {
+    for (const char* pszFace : {"Times New Roman", "Symbol"}) {
+        EXPECT_EQ(tessara::MeasureText(MakeLogFont(1000, pszFace), "x").cy, 1000);
+        const CSize characters = tessara::MeasureText(MakeLogFont(-1000, pszFace), "x");
+        EXPECT_NEAR(characters.cy, 1107, 30);
+        const CSize cell = tessara::MeasureText(MakeLogFont(characters.cy, pszFace), "x");
+        EXPECT_NEAR(characters.cx, cell.cx, 1) << "the same font, asked for in two ways";
+    }
+}
+
 TEST(Text, StandsInItsCellWhichAnOpaqueBackgroundFills) {
     for (const int nMode : {OPAQUE, TRANSPARENT}) {
         CImageDC dc(100, 60);

@@ -160,6 +160,8 @@ private:
             m_kinds[words[0]].clear();
         }
         Check(m_nUsed == words.size(), "size of " + strLine);
+        Check(!strLine.starts_with("CreatePen") || words[2] == 0, "pen width y");
+        Check(!strLine.starts_with("CreateBrush") || words[3] == 0, "brush hatch");
         m_reading.lines.push_back(strLine);
     }
 
@@ -193,7 +195,7 @@ private:
     }
 
     std::string KindOf(std::size_t nHandle) {
-        const std::string strKind = nHandle < m_kinds.size() ? m_kinds[nHandle] : "";
+        std::string strKind = nHandle < m_kinds.size() ? m_kinds[nHandle] : "";
         Check(!strKind.empty(), FormatText("handle %zu does not exist", nHandle));
         return strKind;
     }
@@ -208,6 +210,8 @@ private:
         m_nUsed = words.size();
         const std::string strFace = Bytes(words.subspan(9), 2 * (words.size() - 9));
         const std::size_t nEnd = strFace.find('\0');
+        Check((words[1] | words[2] | words[3] | words[5] >> 8 | (words[6] & 0xFF) | words[7] | words[8]) == 0,
+              "font fields that are not used");
         Check(nEnd < 32 && nEnd / 2 + 10 == words.size(), "font name is not ended");
         return Quoted(strFace.substr(0, nEnd)) +
                FormatText(" charset %d weight %d", words[6] >> 8, Signed(words[4])) +
@@ -247,8 +251,8 @@ std::string CMetafileReading::GetText() const {
 }
 
 CMetafileReading ReadMetafile(std::span<const unsigned char> bytes) {
-    std::vector<std::uint16_t> words((bytes.size() + 1) / 2);
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
+    std::vector<std::uint16_t> words(bytes.size() / 2); // without half a word at the end
+    for (std::size_t i = 0; i < 2 * words.size(); ++i) {
         words[i / 2] |= static_cast<std::uint16_t>(bytes[i] << (i % 2 * 8));
     }
     return CReader().Read(words);
