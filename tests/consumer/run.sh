@@ -53,6 +53,14 @@ headers)
         fail "a public header includes Qt"
     fi
     ;;
+frame)
+    # The example with a window, as its reader would build it, drawn without a display.
+    export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
+    read -ra flags < <(pkg-config --cflags --libs tessara)
+    "${CXX:-c++}" -std=c++20 -Wall -Wextra "$here/../../examples/frame/Main.cpp" -o "$work/frame" "${flags[@]}"
+    timeout 60 "$work/frame" --screenshot "$work/frame.png"
+    is_png "$work/frame.png" || fail "the example showed no window"
+    ;;
 command)
     unset LD_LIBRARY_PATH
     printf 'x y\n0 0.5\n1.5 2.25\n' >"$work/data.txt"

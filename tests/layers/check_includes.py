@@ -16,6 +16,7 @@ LEVELS = {
     "tessara/platform/ui": 2,
     "tessara/platform/vellum": 2,
     "tessara/plot": 3,
+    "tessara/resources": 3,
     "tessara/curveplot": 4,
     "tessara/phasediagram": 4,
     "tessara/document": 4,

@@ -5,6 +5,7 @@
 
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/Number.h"
+#include "tessara/platform/base/StringResources.h"
 
 namespace {
 
@@ -127,6 +128,12 @@ void CString::Format(const char* pszFormat, ...) {
         AfxThrowMemoryException();
     }
     m_str = std::move(*strText);
+}
+
+BOOL CString::LoadString(UINT nID) {
+    const char* const pszText = tessara::FindStringResource(nID);
+    m_str = pszText ? pszText : "";
+    return pszText != nullptr;
 }
 
 CString operator+(const CString& a, const CString& b) {

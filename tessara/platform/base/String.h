@@ -58,6 +58,9 @@ public:
     /// come from applications go through FormatValue (Number.h).
     void Format(const char* pszFormat, ...) __attribute__((format(printf, 2, 3)));
 
+    /// The text of a string resource. Returns zero, and is empty, when there is none.
+    BOOL LoadString(UINT nID);
+
     friend bool operator==(const CString& a, const CString& b) { return a.m_str == b.m_str; }
     friend bool operator==(const CString& a, const char* b) { return a.m_str == (b ? b : ""); }
     friend std::strong_ordering operator<=>(const CString& a, const CString& b) {

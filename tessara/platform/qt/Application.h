@@ -7,4 +7,8 @@ namespace tessara {
 /// platform. Call from the main thread.
 void EnsureApplication();
 
+/// The same with the program's arguments: Qt takes its own options out of them. The arguments live as long as the
+/// program.
+void StartApplication(int& nArguments, char** ppszArguments);
+
 } // namespace tessara

@@ -3,6 +3,7 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QEventLoop>
 #include <QSocketNotifier>
@@ -12,7 +13,9 @@
 
 #include "tessara/platform/qt/Application.h"
 #include "tessara/platform/qt/Peer.h"
+#include "tessara/platform/qt/WindowBlock.h"
 #include "tessara/platform/ui/Dispatch.h"
+#include "tessara/platform/ui/Loop.h"
 
 namespace tessara {
 
@@ -30,30 +33,13 @@ struct CRunningLoop {
     QEventLoop loop;
 };
 
-bool IsInput(QEvent::Type eType) {
-    switch (eType) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::Wheel:
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::ShortcutOverride:
-    case QEvent::Shortcut:
-    case QEvent::ContextMenu:
-    case QEvent::Close:
-        return true;
-    default:
-        return false;
-    }
-}
-
 /// Serves the main thread's mailbox from its event loop.
 class CMainPump : public QObject {
 public:
     CMainPump() : m_notifier(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC), QSocketNotifier::Read) {
         connect(&m_notifier, &QSocketNotifier::activated, this, [this] { OnWake(); });
+        connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+                [this] { OnIdle(); });
         g_nWake = static_cast<int>(m_notifier.socket());
         WakeMainThread(); // for what came before
     }
@@ -64,11 +50,22 @@ public:
 private:
     void OnWake();
     void DispatchSome();
+    void OnIdle();
     bool IsWaiting() const { return !m_loops.empty() && m_loops.back()->eLoop == EMainLoop::waiting; }
 
     QSocketNotifier m_notifier;
     std::vector<CRunningLoop*> m_loops; ///< the innermost last
+    bool m_bIdle = false;
 };
+
+void CMainPump::OnIdle() {
+    if (!m_loops.empty() && !IsWaiting() && !m_bIdle) {
+        const CPeer::CEventScope scope;
+        m_bIdle = true; // a message box of a handler waits, too
+        RunGuarded(&RunIdle);
+        m_bIdle = false;
+    }
+}
 
 void CMainPump::OnWake() {
     std::uint64_t nCount = 0;

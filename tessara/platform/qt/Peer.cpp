@@ -1,5 +1,6 @@
 #include "tessara/platform/qt/Peer.h"
 
+#include <QGuiApplication>
 #include <QHash>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -20,6 +21,7 @@ QHash<const QWidget*, CPeer*>& Peers() {
 }
 
 CPeer* g_pUnderPointer = nullptr;
+std::optional<Qt::KeyboardModifiers> g_keyModifiers; ///< of the key event that is being handled
 
 /// Makes a peer the one under the pointer and sets the pointer's shape at the end.
 class CPointerScope {
@@ -115,6 +117,10 @@ CPeer* CPeer::UnderPointer() {
     return g_pUnderPointer;
 }
 
+Qt::KeyboardModifiers CPeer::KeyModifiers() {
+    return g_keyModifiers.value_or(QGuiApplication::keyboardModifiers());
+}
+
 void CPeer::Notify(UINT nCode) {
     const auto record = FindWindow(m_hWnd);
     if (record && record->hParent) {
@@ -140,9 +146,13 @@ QSize CPeer::GetPixelSize() const {
 CWindowSurface& CPeer::GetSurface() {
     if (!m_pSurface || m_pSurface->GetSize() != GetPixelSize()) {
         m_pSurface = std::make_unique<CWindowSurface>(GetPixelSize(), m_pWidget->logicalDpiY() * GetRatio());
-        m_pSurface->Fill(m_pClient->palette().color(m_pClient->backgroundRole()));
+        m_pSurface->Fill(GetGround());
     }
     return *m_pSurface;
+}
+
+QColor CPeer::GetGround() const {
+    return m_ground.value_or(m_pClient->palette().color(m_pClient->backgroundRole()));
 }
 
 void CPeer::ShowDrawing() {
@@ -169,9 +179,10 @@ void CPeer::PaintImage() {
     }
     m_bPainting = true;
     if (std::exchange(m_bErase, false) && m_pSurface) {
-        m_pSurface->Fill(m_pClient->palette().color(m_pClient->backgroundRole()));
+        m_pSurface->Fill(GetGround());
     }
-    m_bProgramPaints = Ask(m_hWnd, WM_PAINT).bHandled;
+    // An object of the layer's own paints nothing: no other thread needs to be asked.
+    m_bProgramPaints = HasOwnObject(m_hWnd) && Ask(m_hWnd, WM_PAINT).bHandled;
     m_bPainting = false;
 }
 
@@ -226,8 +237,14 @@ bool CPeer::OnKey(const QKeyEvent& event, bool bDown) {
     if (!record || nKey == 0) {
         return false;
     }
-    if (bDown && record->pOwner->IsOfThisThread() && PreTranslate(message)) {
-        return true;
+    if (bDown && record->pOwner->IsOfThisThread()) {
+        g_keyModifiers = event.modifiers();
+        bool bTaken = true;
+        RunGuarded([&] { bTaken = PreTranslate(message); });
+        g_keyModifiers.reset();
+        if (bTaken || !FindWindow(m_hWnd)) {
+            return true;
+        }
     }
     bool bHandled = Tell(m_hWnd, message.message, message.wParam, message.lParam).bHandled;
     if (bDown && !event.text().isEmpty()) {

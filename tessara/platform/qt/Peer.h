@@ -43,8 +43,14 @@ public:
     CWindowSurface& GetSurface();
     /// Shows what was drawn at the next turn of the event loop.
     void ShowDrawing();
-    void Invalidate(bool bErase);
+    virtual void Invalidate(bool bErase);
     void PaintNow();
+
+    /// The colour of the ground that a fresh image has. DEFAULT: that of the widget's palette.
+    void SetGround(QColor color) { m_ground = color; }
+
+    /// The modifiers of the key event that is being handled, or of the keyboard.
+    static Qt::KeyboardModifiers KeyModifiers();
 
     /// Sets the pointer's shape for the mouse event being handled and until the next.
     void SetPointer(const QCursor& cursor) { m_pointer = cursor; }
@@ -76,12 +82,14 @@ private:
     /// Makes a fresh image when the window is invalid.
     void PaintImage();
     QSize GetPixelSize() const;
+    QColor GetGround() const;
 
     HWND m_hWnd;
     QWidget* m_pWidget;
     QWidget* m_pClient;
     std::unique_ptr<CWindowSurface> m_pSurface;
     std::optional<QCursor> m_pointer;
+    std::optional<QColor> m_ground;
     bool m_bInvalid = true;
     bool m_bErase = true;
     bool m_bPainting = false;

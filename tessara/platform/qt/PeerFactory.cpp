@@ -2,6 +2,12 @@
 
 #include <cmath>
 
+#include "tessara/platform/qt/FrameWidget.h"
+#include "tessara/platform/qt/WindowText.h"
+#include "tessara/platform/ui/ControlClasses.h"
+#include "tessara/platform/ui/DialogSeam.h"
+#include "tessara/platform/ui/FrameSeam.h"
+
 namespace tessara {
 
 namespace {
@@ -14,6 +20,20 @@ struct CPeerClass {
 /// The framework's classes of controls; any other name is a plain window.
 constexpr CPeerClass CLASSES[] = {
     {"", &MakePlainPeer},
+    {FRAME_CLASS, &MakeFramePeer},
+    {VIEW_CLASS, &MakeViewPeer},
+    {STATUS_BAR_CLASS, &MakeStatusBarPeer},
+    {TOOL_BAR_CLASS, &MakeToolBarPeer},
+    {CLASS_DIALOG, &MakeDialogPeer},
+    {CLASS_STATIC, &MakeStaticPeer},
+    {CLASS_EDIT, &MakeEditPeer},
+    {CLASS_BUTTON, &MakeButtonPeer},
+    {CLASS_LISTBOX, &MakeListBoxPeer},
+    {CLASS_LISTVIEW, &MakeListViewPeer},
+    {CLASS_SLIDER, &MakeSliderPeer},
+    {CLASS_PROGRESS, &MakeProgressPeer},
+    {CLASS_SPIN, &MakeSpinPeer},
+    {CLASS_ANIMATION, &MakeAnimationPeer},
 };
 
 CPeerMaker FindMaker(const CString& strClass) {
@@ -74,6 +94,10 @@ CPeer* MakePeer(const CWindowDescription& description) {
         }
     }
     widget.setEnabled(!(description.dwStyle & WS_DISABLED));
+    SetText(widget, ToQString(description.strText.View()));
+    if (bChild) {
+        widget.hide(); // else it would appear together with its parent
+    }
     return pPeer;
 }
 

@@ -10,6 +10,16 @@ namespace tessara {
 using CPeerMaker = CPeer* (*)(const CWindowDescription& description, QWidget* pParent);
 
 CPeer* MakePlainPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeDialogPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeStaticPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeEditPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeButtonPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeListBoxPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeListViewPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeSliderPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeProgressPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeSpinPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeAnimationPeer(const CWindowDescription& description, QWidget* pParent);
 
 /// The flags of a top-level widget by the framework's styles.
 Qt::WindowFlags ToWindowFlags(DWORD dwStyle);

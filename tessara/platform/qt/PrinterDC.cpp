@@ -1,10 +1,9 @@
 #include "tessara/platform/gdi/PrinterDC.h"
 
-#include <QPrinter>
-
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/qt/Application.h"
 #include "tessara/platform/qt/PageSink.h"
+#include "tessara/platform/qt/PrinterCaps.h"
 
 IMPLEMENT_DYNAMIC(CPrinterDC, CDC)
 
@@ -12,36 +11,39 @@ namespace {
 
 using CPrinterSink = tessara::CPageSink<QPrinter>;
 
-std::unique_ptr<QPrinter> MakePrinter(const char* pszTitle, const char* pszFileName, bool bMonochrome) {
-    tessara::EnsureApplication();
+} // namespace
+
+namespace tessara {
+
+std::unique_ptr<QPrinter> MakePrinter(const QString& strFileName) {
+    EnsureApplication();
     auto pPrinter = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    if (pszFileName) {
+    if (!strFileName.isEmpty()) {
         pPrinter->setOutputFormat(QPrinter::PdfFormat);
-        pPrinter->setOutputFileName(QString::fromLocal8Bit(pszFileName));
+        pPrinter->setOutputFileName(strFileName);
     }
-    pPrinter->setDocName(QString::fromUtf8(pszTitle));
     pPrinter->setPageSize(QPageSize(QPageSize::A4));
     pPrinter->setPageOrientation(QPageLayout::Landscape);
-    pPrinter->setColorMode(bMonochrome ? QPrinter::GrayScale : QPrinter::Color);
     return pPrinter;
 }
 
-tessara::CDeviceCaps PrinterCaps(const QPrinter& printer, bool bMonochrome) {
-    tessara::CDeviceCaps caps;
+CDeviceCaps PrinterCaps(const QPrinter& printer) {
+    CDeviceCaps caps;
     caps.dDotsPerInchX = printer.logicalDpiX();
     caps.dDotsPerInchY = printer.logicalDpiY();
     caps.size = {printer.width(), printer.height()};
-    caps.nColors = bMonochrome ? 2 : caps.nColors;
+    caps.nColors = printer.colorMode() == QPrinter::GrayScale ? 2 : caps.nColors;
     caps.bPrinting = true;
     return caps;
 }
 
-} // namespace
+} // namespace tessara
 
 CPrinterDC::CPrinterDC(const char* pszTitle, const char* pszFileName, ColorMode eColors) {
-    const bool bMonochrome = eColors == blackAndWhite;
-    std::unique_ptr<QPrinter> pPrinter = MakePrinter(pszTitle, pszFileName, bMonochrome);
-    const tessara::CDeviceCaps caps = PrinterCaps(*pPrinter, bMonochrome);
+    std::unique_ptr<QPrinter> pPrinter = tessara::MakePrinter(QString::fromLocal8Bit(pszFileName));
+    pPrinter->setDocName(QString::fromUtf8(pszTitle));
+    pPrinter->setColorMode(eColors == blackAndWhite ? QPrinter::GrayScale : QPrinter::Color);
+    const tessara::CDeviceCaps caps = tessara::PrinterCaps(*pPrinter);
     auto pSink =
         std::make_unique<CPrinterSink>(tessara::CPageDevice<QPrinter>{nullptr, std::move(pPrinter)}, caps);
     if (!pSink->GetPainter().isActive()) {

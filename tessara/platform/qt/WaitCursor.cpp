@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QCursor>
 
+#include "tessara/platform/ui/CmdTarget.h"
+
 CWaitCursor::CWaitCursor()
     : m_bShown(qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr) {
     if (m_bShown) {
@@ -12,6 +14,18 @@ CWaitCursor::CWaitCursor()
 
 CWaitCursor::~CWaitCursor() {
     if (m_bShown) {
+        QGuiApplication::restoreOverrideCursor();
+    }
+}
+
+void CCmdTarget::BeginWaitCursor() {
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+}
+
+void CCmdTarget::EndWaitCursor() {
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
         QGuiApplication::restoreOverrideCursor();
     }
 }

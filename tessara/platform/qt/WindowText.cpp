@@ -2,9 +2,10 @@
 
 #include <QAbstractButton>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+
+#include "tessara/platform/qt/LabelWidget.h"
 
 namespace tessara {
 
@@ -12,8 +13,8 @@ QString GetText(const QWidget& widget) {
     if (const auto* pButton = qobject_cast<const QAbstractButton*>(&widget)) {
         return pButton->text();
     }
-    if (const auto* pLabel = qobject_cast<const QLabel*>(&widget)) {
-        return pLabel->text();
+    if (const auto* pLabel = dynamic_cast<const CLabelWidget*>(&widget)) {
+        return pLabel->GetWindowText();
     }
     if (const auto* pLine = qobject_cast<const QLineEdit*>(&widget)) {
         return pLine->text();
@@ -30,11 +31,12 @@ QString GetText(const QWidget& widget) {
 void SetText(QWidget& widget, const QString& strText) {
     if (auto* pButton = qobject_cast<QAbstractButton*>(&widget)) {
         pButton->setText(strText);
-    } else if (auto* pLabel = qobject_cast<QLabel*>(&widget)) {
-        pLabel->setText(strText);
+    } else if (auto* pLabel = dynamic_cast<CLabelWidget*>(&widget)) {
+        pLabel->SetWindowText(strText);
     } else if (auto* pLine = qobject_cast<QLineEdit*>(&widget)) {
         pLine->setText(strText);
     } else if (auto* pText = qobject_cast<QPlainTextEdit*>(&widget)) {
+        const QSignalBlocker blocker(pText); // only the user's changes are told
         pText->setPlainText(strText);
     } else if (auto* pGroup = qobject_cast<QGroupBox*>(&widget)) {
         pGroup->setTitle(strText);

@@ -4,9 +4,11 @@
 #include <QScreen>
 #include <cmath>
 
+#include "tessara/platform/qt/DialogLayout.h"
 #include "tessara/platform/qt/Peer.h"
 #include "tessara/platform/qt/PeerFactory.h"
 #include "tessara/platform/qt/TextRun.h"
+#include "tessara/platform/qt/WindowBlock.h"
 #include "tessara/platform/qt/WindowText.h"
 
 // The operations of a window that touch its widget.
@@ -86,7 +88,9 @@ using tessara::OnPeer;
 
 void CWnd::SetWindowText(const char* pszText) {
     OnPeer(*this, [&](CPeer& peer) {
+        const CPeer::CEventScope scope;
         tessara::SetText(peer.GetWidget(), tessara::ToQString(pszText ? pszText : ""));
+        tessara::FitDialog(peer.GetWidget());
     });
 }
 
@@ -137,14 +141,19 @@ BOOL CWnd::IsZoomed() const {
 BOOL CWnd::EnableWindow(BOOL bEnable) {
     return OnPeer(*this, [&](CPeer& peer) -> BOOL {
         const CPeer::CEventScope scope;
-        const bool bDisabled = !peer.GetWidget().isEnabled();
-        peer.GetWidget().setEnabled(bEnable != 0);
+        QWidget& widget = peer.GetWidget();
+        const bool bDisabled = !tessara::IsReachable(widget);
+        if (widget.isWindow()) {
+            tessara::BlockWindow(widget, !bEnable);
+        } else {
+            widget.setEnabled(bEnable != 0);
+        }
         return bDisabled;
     });
 }
 
 BOOL CWnd::IsWindowEnabled() const {
-    return OnPeer(*this, [](CPeer& peer) -> BOOL { return peer.GetWidget().isEnabled(); });
+    return OnPeer(*this, [](CPeer& peer) -> BOOL { return tessara::IsReachable(peer.GetWidget()); });
 }
 
 void CWnd::MoveWindow(int nX, int nY, int nWidth, int nHeight, BOOL) {

@@ -12,6 +12,7 @@ public:
     /// to, and calls it. Returns nonzero when one took it.
     ///
     /// nCode is CN_COMMAND, CN_UPDATE_COMMAND_UI (pExtra is a CCmdUI) or the notification code of a control.
+    /// With CN_COMMAND a pExtra that is not null only asks whether there is a handler.
     virtual BOOL OnCmdMsg(UINT nID, UINT nCode, void* pExtra);
 
     /// Shows the wait cursor until EndWaitCursor; calls nest.
@@ -28,6 +29,9 @@ protected:
 };
 
 namespace tessara {
+
+/// Goes with a command whose handler is asked for and not called.
+struct CHandlerQuestion {};
 
 /// What a map is searched for.
 struct CMapQuery {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "tessara/platform/ui/WindowTypes.h"
 
 class CWinThread;
@@ -32,6 +34,9 @@ void DispatchThreadMessage(CWinThread& thread, UINT nMessage, AFX_MESSAGE& words
 /// Offers a key message to PreTranslateMessage of a window and those above it, then to the thread's. True
 /// when one swallowed it.
 bool PreTranslate(const MSG& message);
+
+/// Runs a function; what it throws goes to the calling thread's ProcessWndProcException.
+void RunGuarded(const std::function<void()>& fnRun);
 
 /// Destroys the windows that the calling thread still owns.
 void DestroyWindowsOfThread();

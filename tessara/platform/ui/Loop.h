@@ -13,6 +13,9 @@ bool RunLoopUntil(const std::function<bool()>& fnEnd);
 /// The code of the PostQuitMessage that ended the loop.
 int TakeExitCode();
 
+/// What the program does before its main thread waits for something to happen.
+void RunIdle();
+
 /// Makes the application's object that of the main thread.
 void EnterMainThread(CWinThread* pThread);
 

@@ -1,7 +1,6 @@
 #include "tessara/platform/ui/MessageMap.h"
 
 #include "tessara/platform/ui/CmdTarget.h"
-#include "tessara/platform/ui/CmdUI.h"
 #include "tessara/platform/ui/Wnd.h"
 
 IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
@@ -61,18 +60,10 @@ const AFX_MSGMAP* CCmdTarget::GetThisMessageMap() {
 }
 
 BOOL CCmdTarget::OnCmdMsg(UINT nID, UINT nCode, void* pExtra) {
+    const tessara::CMapQuery query{WM_COMMAND, nCode, nID};
+    if (nCode == CN_COMMAND && pExtra) {
+        return tessara::HasHandler(GetMessageMap(), query);
+    }
     AFX_MESSAGE message{nID, 0, pExtra, 0};
-    return tessara::DispatchThroughMap(*this, GetMessageMap(), {WM_COMMAND, nCode, nID}, message);
-}
-
-void CCmdUI::Enable(BOOL) {
-    m_bAnswered = true;
-}
-
-void CCmdUI::SetCheck(int) {
-    m_bAnswered = true;
-}
-
-void CCmdUI::SetText(const char*) {
-    m_bAnswered = true;
+    return tessara::DispatchThroughMap(*this, GetMessageMap(), query, message);
 }

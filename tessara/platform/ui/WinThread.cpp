@@ -24,6 +24,10 @@ struct CThreadAccess {
     static void Enter(CWinThread& thread);
     static int RunBody(CWinThread& thread);
     static void Main(CWinThread* pThread);
+    static void UseMailbox(CWinThread& thread, const std::shared_ptr<tessara::CMailbox>& pMailbox) {
+        thread.m_pState->pMailbox = pMailbox;
+        thread.m_pState->bStarted = true;
+    }
     static BOOL Dispatch(CWinThread& thread, UINT nMessage, AFX_MESSAGE& words) {
         return tessara::DispatchThroughMap(thread, thread.GetMessageMap(),
                                            {WM_THREAD_MESSAGE_ENTRY, nMessage, 0}, words);
@@ -72,11 +76,24 @@ void DispatchThreadMessage(CWinThread& thread, UINT nMessage, AFX_MESSAGE& words
     }
 }
 
+void RunGuarded(const std::function<void()>& fnRun) {
+    try {
+        fnRun();
+    } catch (const std::exception& exception) {
+        if (t_thread.pThread) {
+            t_thread.pThread->ProcessWndProcException(exception, nullptr);
+        }
+    }
+}
+
 void EnterMainThread(CWinThread* pThread) {
     const auto& pMailbox = CMailbox::OfMainThread();
     t_thread.pThread = pThread;
     const std::lock_guard lock(SharedLock());
     Threads()[t_nThread] = pMailbox;
+    if (pThread) {
+        CThreadAccess::UseMailbox(*pThread, pMailbox);
+    }
 }
 
 bool RunLoopUntil(const std::function<bool()>& fnEnd) {
@@ -108,8 +125,7 @@ void CThreadAccess::Enter(CWinThread& thread) {
     const auto& pMailbox = tessara::CMailbox::OfThisThread();
     const std::lock_guard lock(tessara::SharedLock());
     tessara::Threads()[thread.m_nThreadID] = pMailbox;
-    thread.m_pState->pMailbox = pMailbox;
-    thread.m_pState->bStarted = true;
+    UseMailbox(thread, pMailbox);
     tessara::CMailbox::WakeAll();
 }
 

@@ -127,6 +127,19 @@ std::size_t CountWindows() {
     return Table().places.size() - Table().free.size();
 }
 
+void GiveBackWindow(HWND hWnd) {
+    const std::lock_guard lock(SharedLock());
+    if (CPlace* const pPlace = PlaceOf(hWnd)) {
+        pPlace->record.pWnd = pPlace->pKept.get();
+    }
+}
+
+bool HasOwnObject(HWND hWnd) {
+    const std::lock_guard lock(SharedLock());
+    const CPlace* pPlace = PlaceOf(hWnd);
+    return pPlace && pPlace->record.pWnd && pPlace->record.pWnd != pPlace->pKept.get();
+}
+
 CWnd* KeepForWindow(HWND hWnd, std::unique_ptr<CWnd> pWnd) {
     const std::lock_guard lock(SharedLock());
     CPlace* pPlace = PlaceOf(hWnd);

@@ -40,5 +40,9 @@ std::size_t CountWindows();
 
 /// An object made for a window that has none of its own; it lives until the window goes.
 CWnd* KeepForWindow(HWND hWnd, std::unique_ptr<CWnd> pWnd);
+/// Makes the kept object, or none, the window's again.
+void GiveBackWindow(HWND hWnd);
+/// Whether a window's object is the program's, and not one that was kept for it.
+bool HasOwnObject(HWND hWnd);
 
 } // namespace tessara

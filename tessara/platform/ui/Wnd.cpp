@@ -65,7 +65,9 @@ CReply CallGuarded(const MSG& message) {
 void DestroyTree(HWND hWnd) {
     CallWindow(hWnd, WM_DESTROY);
     for (const HWND hChild : ChildrenOf(hWnd)) {
-        DestroyTree(hChild);
+        if (const auto child = FindWindow(hChild)) {
+            child->pOwner->Call([hChild] { DestroyTree(hChild); }); // an owned window may be another thread's
+        }
     }
     const auto record = FindWindow(hWnd);
     if (!record) {
@@ -194,6 +196,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, const char* pszClassName, const char* pszTe
             {m_hWnd, pszClassName, pszText, create.style, create.dwExStyle, place, hParent, nID});
     });
     tessara::ChangeWindow(m_hWnd, [&](tessara::CWindowRecord& record) { record.pPeer = pPeer; });
+    PreSubclassWindow();
     if (SendMessage(WM_CREATE, 0, reinterpret_cast<LPARAM>(&create)) == -1) {
         DestroyWindow();
         return FALSE;
@@ -221,6 +224,7 @@ BOOL CWnd::SubclassWindow(HWND hWnd) {
                                        hWnd, [this](tessara::CWindowRecord& record) { record.pWnd = this; });
     if (bFound) {
         m_hWnd = hWnd;
+        PreSubclassWindow();
     }
     return bFound;
 }
@@ -231,7 +235,7 @@ BOOL CWnd::SubclassDlgItem(UINT nID, CWnd* pParent) {
 }
 
 HWND CWnd::UnsubclassWindow() {
-    tessara::ChangeWindow(m_hWnd, [](tessara::CWindowRecord& record) { record.pWnd = nullptr; });
+    tessara::GiveBackWindow(m_hWnd);
     return std::exchange(m_hWnd, nullptr);
 }
 

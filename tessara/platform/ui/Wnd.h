@@ -47,7 +47,7 @@ struct DRAWITEMSTRUCT {
     CDC* pDC; ///< where to draw, in pixels of the control
     RECT rcItem;
     std::uintptr_t
-        itemData; ///< what SetItemData set; the address of the item's text when the list keeps strings
+        itemData; ///< what SetItemData set; what was added when the list keeps no strings
 };
 using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;
 
@@ -133,7 +133,9 @@ public:
     BOOL IsWindowVisible() const;
     BOOL IsIconic() const;
     BOOL IsZoomed() const;
-    BOOL EnableWindow(BOOL bEnable = TRUE); ///< returns nonzero when it was disabled before
+    /// Lets the user reach the window or not; a top-level window is not greyed. Returns nonzero when it was disabled
+    /// before.
+    BOOL EnableWindow(BOOL bEnable = TRUE);
     BOOL IsWindowEnabled() const;
     void MoveWindow(int nX, int nY, int nWidth, int nHeight, BOOL bRepaint = TRUE);
     void MoveWindow(const RECT& rect, BOOL bRepaint = TRUE);
@@ -174,6 +176,10 @@ public:
     void DrawMenuBar();
     void SetIcon(UINT nIconID);
 
+    /// Writes a picture of the window and what lies in it, as PNG. Throws CFileException, and CInvalidArgException
+    /// where there is no window.
+    void SaveImage(const char* pszPath) const;
+
     // Messages
 
     LRESULT SendMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0);
@@ -195,6 +201,8 @@ protected:
     /// Sees key messages before the window does; nonzero swallows them.
     virtual BOOL PreTranslateMessage(MSG* pMsg);
     virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
+    /// Called when the object has got its window, made or subclassed.
+    virtual void PreSubclassWindow() {}
     /// Called last, after the window has gone.
     virtual void PostNcDestroy();
 

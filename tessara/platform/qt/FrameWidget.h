@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "tessara/platform/qt/PeerFactory.h"
+
+namespace tessara {
+
+/// The widget of a frame: Qt's main window, whose middle is the frame's client area. Files dropped on it are
+/// opened.
+class CFrameWidget : public QMainWindow {
+public:
+    CFrameWidget(QWidget* pParent, Qt::WindowFlags flags);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* pEvent) override;
+    void dropEvent(QDropEvent* pEvent) override;
+    QMenu* createPopupMenu() override { return nullptr; } // what is shown is the program's choice
+};
+
+CPeer* MakeFramePeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeViewPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeStatusBarPeer(const CWindowDescription& description, QWidget* pParent);
+CPeer* MakeToolBarPeer(const CWindowDescription& description, QWidget* pParent);
+
+} // namespace tessara
