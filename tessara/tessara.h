@@ -40,6 +40,7 @@
 #include "tessara/platform/files/MemFile.h"
 #include "tessara/platform/files/ModulePath.h"
 #include "tessara/platform/files/ReplacementFile.h"
+#include "tessara/platform/gdi/Bitmap.h"
 #include "tessara/platform/gdi/DC.h"
 #include "tessara/platform/gdi/DrawSink.h"
 #include "tessara/platform/gdi/GdiObject.h"

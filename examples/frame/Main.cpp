@@ -5,8 +5,6 @@
 namespace {
 constexpr UINT IDR_MAINFRAME = 128;
 constexpr UINT ID_VIEW_WARMER = 32771;
-constexpr UINT WM_SCREENSHOT = WM_USER + 1;
-
 constexpr tessara::CMenuEntry FILE_MENU[] = {
     {"&Print...\tCtrl+P", ID_FILE_PRINT}, tessara::MENU_SEPARATOR, {"E&xit", ID_APP_EXIT}};
 constexpr tessara::CMenuEntry VIEW_MENU[] = {{"&Warmer\tCtrl+W", ID_VIEW_WARMER}};
@@ -15,6 +13,12 @@ constexpr tessara::CMenuEntry BAR[] = {{"&File", FILE_MENU}, {"&View", VIEW_MENU
 constexpr tessara::CMenuResource MENUS[] = {{IDR_MAINFRAME, BAR}};
 constexpr tessara::CAccelerator KEYS[] = {{FCONTROL, 'P', ID_FILE_PRINT}, {FCONTROL, 'W', ID_VIEW_WARMER}};
 constexpr tessara::CAcceleratorResource ACCELERATORS[] = {{IDR_MAINFRAME, KEYS}};
+constexpr UINT IDD_ABOUT = 129;
+constexpr tessara::CDialogItem ABOUT_ITEMS[] = {
+    {"Static", IDC_STATIC, "The interaction of polystyrene with cyclohexane", 7, 9, 160, 8, WS_VISIBLE},
+    {"Button", IDOK, "OK", 62, 26, 50, 14, WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON}};
+constexpr tessara::CDialogTemplate DIALOGS[] = {
+    {IDD_ABOUT, "About", 0, 0, 174, 46, WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME, ABOUT_ITEMS}};
 
 class CPlotView : public CView {
     DECLARE_DYNCREATE(CPlotView)
@@ -33,7 +37,6 @@ protected:
         Fill();
         Invalidate();
     }
-    void OnUpdateWarmer(CCmdUI* pCmdUI) { pCmdUI->Enable(m_dFirst < 340); }
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -53,7 +56,6 @@ IMPLEMENT_DYNCREATE(CPlotView, CView)
 BEGIN_MESSAGE_MAP(CPlotView, CView)
 ON_COMMAND(ID_FILE_PRINT, OnFilePrint)
 ON_COMMAND(ID_VIEW_WARMER, OnWarmer)
-ON_UPDATE_COMMAND_UI(ID_VIEW_WARMER, OnUpdateWarmer)
 END_MESSAGE_MAP()
 
 class CPlotApp : public CWinApp {
@@ -62,6 +64,7 @@ public:
 
 protected:
     BOOL InitInstance() override {
+        tessara::AddResources({DIALOGS, {}});
         tessara::AddMenuResources(MENUS);
         tessara::AddAcceleratorResources(ACCELERATORS);
         CCreateContext context{RUNTIME_CLASS(CPlotView), nullptr, nullptr};
@@ -72,11 +75,9 @@ protected:
         CCommandLineInfo info;
         ParseCommandLine(info);
         m_strPicture = info.m_strFileName;
-        return m_lpCmdLine.IsEmpty() || PostThreadMessage(WM_SCREENSHOT, 0, 0);
+        return m_lpCmdLine.IsEmpty() || PostThreadMessage(WM_USER, 0, 0);
     }
-    void OnAbout() {
-        AfxMessageBox("Shows chi(T) of polystyrene in cyclohexane.", MB_OK | MB_ICONINFORMATION);
-    }
+    void OnAbout() { CDialog(IDD_ABOUT, m_pMainWnd).DoModal(); }
     void OnScreenshot(WPARAM, LPARAM) {
         m_pMainWnd->SaveImage(m_strPicture);
         m_pMainWnd->SendMessage(WM_CLOSE);
@@ -88,9 +89,8 @@ private:
 };
 BEGIN_MESSAGE_MAP(CPlotApp, CWinApp)
 ON_COMMAND(ID_APP_ABOUT, OnAbout)
-ON_THREAD_MESSAGE(WM_SCREENSHOT, OnScreenshot)
+ON_THREAD_MESSAGE(WM_USER, OnScreenshot)
 END_MESSAGE_MAP()
-
 CPlotApp theApp;
 } // namespace
 

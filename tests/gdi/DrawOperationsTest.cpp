@@ -1,5 +1,6 @@
 #include <array>
 #include <climits>
+#include <cstring>
 #include <functional>
 #include <map>
 
@@ -8,18 +9,43 @@
 
 #include "tessara/platform/gdi/PdfDC.h"
 #include "tessara/platform/gdi/SvgDC.h"
+#include "tessara/platform/ui/Resources.h"
 #include "tests/cli/Folder.h"
 #include "tests/gdi/Surfaces.h"
 #include "tests/support/LoggedSurface.h"
 
 namespace {
 
-#define TESSARA_OPERATION_NAME(name, parameters) #name,
+#define TESSARA_OPERATION_NAME(name, parameters, names) #name,
 constexpr std::array OPERATIONS{TESSARA_DRAW_OPERATIONS(TESSARA_OPERATION_NAME)};
 #undef TESSARA_OPERATION_NAME
 
 constexpr std::array<POINT, 3> CORNERS{POINT{10, 10}, POINT{90, 20}, POINT{40, 80}};
 constexpr RECT BOX{20, 30, 80, 90};
+
+constexpr UINT BITMAP_NUMBER = 30000;
+constexpr const char* DRAWING = R"(<svg xmlns="http://www.w3.org/2000/svg" width="40" height="30">)"
+                                R"(<rect width="40" height="30" fill="#FF0000"/>)"
+                                R"(<rect width="10" height="30" fill="#0000FF"/></svg>)";
+
+/// Copies all but the left ten columns of a bitmap that is red there.
+void CopyBitmap(CDC& dc) {
+    static const tessara::CFileResource s_file{
+        tessara::EFileResource::bitmap,
+        BITMAP_NUMBER,
+        {reinterpret_cast<const unsigned char*>(DRAWING), std::strlen(DRAWING)}};
+    static const bool s_bAdded = (tessara::AddResources({{}, {&s_file, 1}}), true);
+    CBitmap bitmap;
+    EXPECT_TRUE(s_bAdded && bitmap.LoadBitmap(BITMAP_NUMBER));
+    EXPECT_FALSE(CBitmap().LoadBitmap(BITMAP_NUMBER + 1));
+    BITMAP description;
+    EXPECT_NE(bitmap.GetBitmap(&description), 0);
+    EXPECT_EQ((SIZE{description.bmWidth, description.bmHeight}), (SIZE{40, 30}));
+    CDC memory;
+    memory.CreateCompatibleDC(&dc);
+    memory.SelectObject(&bitmap);
+    dc.BitBlt(20, 30, 100, 100, &memory, 10, 0, SRCCOPY);
+}
 
 /// How a program issues each operation, and what the log says of it.
 const std::map<std::string, std::pair<std::function<void(CDC&)>, const char*>> ISSUES{
@@ -34,6 +60,7 @@ const std::map<std::string, std::pair<std::function<void(CDC&)>, const char*>> I
      {[](CDC& dc) { dc.FillRect(&BOX, static_cast<CBrush*>(tessara::GetStockObject(BLACK_BRUSH))); },
       " 20,30 80,90 (brush 000000)"}},
     {"FocusRect", {[](CDC& dc) { dc.DrawFocusRect(&BOX); }, " 20,30 80,90"}},
+    {"Picture", {&CopyBitmap, " 20,30 50,60 (30 x 30)"}},
     {"Text", {[](CDC& dc) { dc.TextOut(5, 6, "a\xD7\"", 3); }, " 5,6 \"a\\xD7\"\" (MS Sans Serif 16)"}},
 };
 
@@ -83,6 +110,17 @@ TEST(DrawOperation, ReachesEverySinkOnceButFilesOnlyIfItIsNotAboutFocus) {
         CDC none;
         call(none);
     }
+}
+
+TEST(Picture, KeepsItsColoursAndEndsWhereTheBitmapDoes) {
+    CImageDC dc(100, 100);
+    CopyBitmap(dc);
+    EXPECT_EQ(dc.GetPixel(20, 30), RGB(255, 0, 0));
+    EXPECT_EQ(dc.GetPixel(49, 59), RGB(255, 0, 0));
+    EXPECT_EQ(dc.GetPixel(50, 59), RGB(255, 255, 255));
+    EXPECT_EQ(dc.GetPixel(19, 30), RGB(255, 255, 255));
+    EXPECT_THAT(Recorded(&CopyBitmap).lines,
+                testing::Contains("StretchDib 20,30 30 x 30 bitmap 30 x 30 FF0000"));
 }
 
 TEST(DrawState, RestoreBringsBackWhateverWasChanged) {

@@ -1,6 +1,7 @@
 #include "tests/support/MetafileReader.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -89,6 +90,7 @@ const std::map<unsigned, CRecord> RECORDS{
     {0x0418, {4, "Ellipse #3,#2 #1,#0", "PB"}},
     {0x041B, {4, "Rectangle #3,#2 #1,#0", "PB"}},
     {0x0A32, {4, "ExtTextOut #1,#0 &0", "F"}},
+    {0x0F43, {31, "StretchDib #10,#9 #8 x #7 !11", ""}},
 };
 
 class CReader {
@@ -171,19 +173,39 @@ private:
         std::string strText;
         for (const char* psz = pszPattern; *psz != 0; ++psz) {
             const char chKind = *psz;
-            if (std::string_view("#$@*%&").find(chKind) == std::string_view::npos) {
+            if (std::string_view("#$@*%&!").find(chKind) == std::string_view::npos) {
                 strText += chKind;
                 continue;
             }
-            const Words from = words.subspan(static_cast<std::size_t>(*++psz - '0'));
+            std::size_t nWord = 0;
+            while (std::isdigit(static_cast<unsigned char>(psz[1]))) {
+                nWord = 10 * nWord + static_cast<std::size_t>(*++psz - '0');
+            }
+            const Words from = words.subspan(nWord);
             strText += chKind == '#'   ? FormatText("%d", Signed(from[0]))
                        : chKind == '$' ? FormatText("%06X", Long(from, 0))
                        : chKind == '@' ? KindOf(from[0]) + FormatText(" %d", from[0])
                        : chKind == '*' ? PointList(from)
                        : chKind == '%' ? Font(from)
+                       : chKind == '!' ? Bitmap(from)
                                        : Text(from);
         }
         return strText;
+    }
+
+    /// A bitmap of 24 bits: its size and the colour of the pixel at the top left.
+    std::string Bitmap(Words words) {
+        const std::size_t nWidth = Long(words, 2);
+        const std::size_t nHeight = Long(words, 4);
+        const std::size_t nRowWords = (nWidth * 3 + 3) / 4 * 2;
+        const std::size_t nTop = 20 + nRowWords * (nHeight - 1); // rows go upward
+        Check(Long(words, 0) == 40 && words[6] == 1 && words[7] == 24, "bitmap header");
+        if (nHeight == 0 || words.size() < nTop + nRowWords) {
+            Check(false, "bitmap without its rows");
+            return "";
+        }
+        m_nUsed = 11 + 20 + nRowWords * nHeight;
+        return FormatText("bitmap %zu x %zu %06X", nWidth, nHeight, Long(words, nTop) & 0xFFFFFF);
     }
 
     std::size_t Create(const std::string& strKind) {

@@ -140,7 +140,7 @@ TEST_F(FrameTest, AcceleratorsRunCommandsThatAreNotGreyed) {
     QTest::keyClick(&WidgetOf(View()), Qt::Key_F3); // greyed
     EXPECT_EQ(View().m_nMarks, 2);
     Frame().GetMenu()->DeleteMenu(ID_MARK, MF_BYCOMMAND);
-    QTest::keyClick(&Window(), Qt::Key_F2);
+    QTest::keyClick(&WidgetOf(View()), Qt::Key_F2);
     EXPECT_EQ(View().m_nMarks, 3);
 }
 

@@ -145,6 +145,16 @@ TEST_F(WindowTest, ClosingDestroysAndTheHandleNamesNothingThen) {
     EXPECT_EQ(rect, CRect());
 }
 
+TEST_F(WindowTest, AMessagePostedToAWindowThatHasGoneIsDropped) {
+    ASSERT_TRUE(m_square.PostMessage(WM_CLOSE));
+    m_square.DestroyWindow();
+    m_square.m_heard.clear();
+    ASSERT_TRUE(m_square.Create(nullptr, "", TOP, PLACE, nullptr, 0)); // in the same place of the table
+    QApplication::processEvents();
+    EXPECT_TRUE(m_square.m_heard.empty());
+    EXPECT_TRUE(IsWindow(m_square.m_hWnd));
+}
+
 TEST_F(WindowTest, ChildrenAreFoundPlacedAndGoWithTheirParent) {
     CSquare child;
     ASSERT_TRUE(child.Create(nullptr, "", WS_CHILD | WS_VISIBLE, CRect(5, 6, 55, 46), &m_square, 77));

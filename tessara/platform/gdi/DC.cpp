@@ -1,5 +1,6 @@
 #include "tessara/platform/gdi/DC.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -210,12 +211,23 @@ CFont* CDC::SelectObject(CFont* pFont) {
     return std::exchange(m_pState->pFont, pFont);
 }
 
+CBitmap* CDC::SelectObject(CBitmap* pBitmap) {
+    if (!pBitmap) {
+        return nullptr;
+    }
+    m_pState->pPixels = pBitmap->GetPixels();
+    return std::exchange(m_pState->pBitmap, pBitmap);
+}
+
 CGdiObject* CDC::SelectObject(CGdiObject* pObject) {
     if (auto* pPen = dynamic_cast<CPen*>(pObject)) {
         return SelectObject(pPen);
     }
     if (auto* pBrush = dynamic_cast<CBrush*>(pObject)) {
         return SelectObject(pBrush);
+    }
+    if (auto* pBitmap = dynamic_cast<CBitmap*>(pObject)) {
+        return SelectObject(pBitmap);
     }
     return SelectObject(dynamic_cast<CFont*>(pObject));
 }
@@ -307,6 +319,27 @@ void CDC::DrawFocusRect(const RECT* pRect) {
     if (m_pSink) {
         m_pSink->FocusRect(*m_pState, *pRect);
     }
+}
+
+BOOL CDC::CreateCompatibleDC(CDC*) {
+    return !m_pSink;
+}
+
+BOOL CDC::BitBlt(int nX, int nY, int nWidth, int nHeight, CDC* pSource, int nSourceX, int nSourceY,
+                 DWORD dwOperation) {
+    const auto pPixels = pSource ? pSource->m_pState->pPixels : nullptr;
+    if (!pPixels || dwOperation != SRCCOPY) {
+        return FALSE;
+    }
+    const SIZE size = pPixels->size;
+    const CRect part(std::max(nSourceX, 0), std::max(nSourceY, 0), std::min<LONG>(nSourceX + nWidth, size.cx),
+                     std::min<LONG>(nSourceY + nHeight, size.cy));
+    if (m_pSink && !part.IsRectEmpty()) {
+        const CPoint origin(nX + part.left - nSourceX, nY + part.top - nSourceY);
+        const CRect place(origin.x, origin.y, origin.x + part.Width(), origin.y + part.Height());
+        m_pSink->Picture(*m_pState, place, tessara::CutOut(*pPixels, part));
+    }
+    return TRUE;
 }
 
 COLORREF CDC::GetPixel(int nX, int nY) const {

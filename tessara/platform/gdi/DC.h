@@ -31,6 +31,10 @@ enum DeviceCapability : int {
     LOGPIXELSY = 90
 };
 
+constexpr DWORD SRCCOPY = 0x00CC0020; ///< BitBlt: the source as it is
+
+class CBitmap;
+
 namespace tessara {
 class CDrawSink;
 struct CDrawState;
@@ -94,6 +98,7 @@ public:
     CPen* SelectObject(CPen* pPen);
     CBrush* SelectObject(CBrush* pBrush);
     CFont* SelectObject(CFont* pFont);
+    CBitmap* SelectObject(CBitmap* pBitmap);
     CGdiObject* SelectObject(CGdiObject* pObject);
     CGdiObject* SelectStockObject(int nIndex);
 
@@ -120,6 +125,12 @@ public:
     /// A dotted frame; drawing it twice restores what was there.
     void DrawFocusRect(const RECT* pRect);
     COLORREF GetPixel(int nX, int nY) const;
+    /// Makes this a surface in memory that a bitmap can be selected into.
+    BOOL CreateCompatibleDC(CDC* pDC);
+    /// Copies a part of the bitmap selected into another surface; a pixel of it is one logical unit here.
+    /// Zero when there is none, or for an operation other than SRCCOPY.
+    BOOL BitBlt(int nX, int nY, int nWidth, int nHeight, CDC* pSource, int nSourceX, int nSourceY,
+                DWORD dwOperation);
 
     // Text. Bytes become characters as Text.h says; with the face "Symbol" they are in the Symbol encoding.
 

@@ -4,19 +4,21 @@
 #include <string_view>
 #include <vector>
 
+#include "tessara/platform/gdi/Bitmap.h"
 #include "tessara/platform/gdi/GdiObject.h"
 #include "tessara/platform/gdi/Mapping.h"
 
-/// Every operation that leaves marks on a surface, once: name, parameters. Sinks, the log and the tests are
-/// generated from this table, so that none is forgotten. All coordinates are logical.
+/// Every operation that leaves marks on a surface, once: name, parameters, the parameters' names. Sinks, the
+/// log and the tests are generated from this table, so that none is forgotten. All coordinates are logical.
 #define TESSARA_DRAW_OPERATIONS(OPERATION)                                                                   \
-    OPERATION(Polyline, (std::span<const POINT> points))                                                     \
-    OPERATION(Polygon, (std::span<const POINT> points))                                                      \
-    OPERATION(Rectangle, (const RECT& rect))                                                                 \
-    OPERATION(Ellipse, (const RECT& rect))                                                                   \
-    OPERATION(FillRect, (const RECT& rect, COLORREF color))                                                  \
-    OPERATION(FocusRect, (const RECT& rect))                                                                 \
-    OPERATION(Text, (POINT origin, std::string_view strBytes))
+    OPERATION(Polyline, (std::span<const POINT> points), (points))                                           \
+    OPERATION(Polygon, (std::span<const POINT> points), (points))                                            \
+    OPERATION(Rectangle, (const RECT& rect), (rect))                                                         \
+    OPERATION(Ellipse, (const RECT& rect), (rect))                                                           \
+    OPERATION(FillRect, (const RECT& rect, COLORREF color), (rect, color))                                   \
+    OPERATION(FocusRect, (const RECT& rect), (rect))                                                         \
+    OPERATION(Picture, (const RECT& rect, const tessara::CPixels& pixels), (rect, pixels))                   \
+    OPERATION(Text, (POINT origin, std::string_view strBytes), (origin, strBytes))
 
 namespace tessara {
 
@@ -33,6 +35,8 @@ struct TESSARA_API CDrawState {
     LOGPEN pen;
     LOGBRUSH brush;
     LOGFONT font;
+    CBitmap* pBitmap = nullptr;
+    std::shared_ptr<const CPixels> pPixels; ///< of the bitmap, that BitBlt copies from
     COLORREF textColor = 0x000000;
     COLORREF backColor = 0xFFFFFF;
     int nBackMode;
@@ -58,7 +62,7 @@ public:
     /// The colour of a device pixel, or CLR_INVALID where nothing can be read.
     virtual COLORREF ReadPixel(POINT device) const = 0;
 
-#define TESSARA_DECLARE_OPERATION(name, parameters)                                                          \
+#define TESSARA_DECLARE_OPERATION(name, parameters, names)                                                   \
     virtual void name(const CDrawState& state, TESSARA_UNWRAP parameters) = 0;
 #define TESSARA_UNWRAP(...) __VA_ARGS__
     TESSARA_DRAW_OPERATIONS(TESSARA_DECLARE_OPERATION)
@@ -66,7 +70,7 @@ public:
 };
 
 /// In a sink: declares the override of every operation.
-#define TESSARA_OVERRIDE_OPERATION(name, parameters)                                                         \
+#define TESSARA_OVERRIDE_OPERATION(name, parameters, names)                                                  \
     void name(const tessara::CDrawState& state, TESSARA_UNWRAP parameters) override;
 
 } // namespace tessara

@@ -87,6 +87,10 @@ void CLogSink::FocusRect(const CDrawState&, const RECT& rect) {
     m_lines.push_back("FocusRect" + RectText(rect));
 }
 
+void CLogSink::Picture(const CDrawState&, const RECT& rect, const CPixels& pixels) {
+    m_lines.push_back("Picture" + RectText(rect) + FormatText(" (%d x %d)", pixels.size.cx, pixels.size.cy));
+}
+
 void CLogSink::Text(const CDrawState& state, POINT origin, std::string_view strBytes) {
     std::string strLine =
         FormatText("Text %d,%d ", origin.x, origin.y) + Quoted(strBytes) + " (" + FontText(state);

@@ -32,7 +32,8 @@ enum MetafileFunction : WORD {
     META_POLYLINE = 0x0325,
     META_ELLIPSE = 0x0418,
     META_RECTANGLE = 0x041B,
-    META_EXTTEXTOUT = 0x0A32
+    META_EXTTEXTOUT = 0x0A32,
+    META_STRETCHDIB = 0x0F43
 };
 
 constexpr LONG MAX_POSITION = std::numeric_limits<std::int16_t>::max();
@@ -306,6 +307,43 @@ void CMetafileRecorder::FillRect(const CDrawState& state, const RECT& rect, COLO
 
 /// A picture has no focus: a focus rectangle is a matter of windows and leaves no record.
 void CMetafileRecorder::FocusRect(const CDrawState&, const RECT&) {}
+
+/// A device-independent bitmap of 24 bits, its rows from the bottom.
+void CMetafileRecorder::Picture(const CDrawState& state, const RECT& rect, const CPixels& pixels) {
+    constexpr WORD BITS = 24;
+    constexpr std::uint32_t HEADER_SIZE = 40;
+    SyncFrame(state);
+    const auto nWidth = static_cast<std::uint32_t>(pixels.size.cx);
+    const auto nHeight = static_cast<std::uint32_t>(pixels.size.cy);
+    std::vector<BYTE> bitmap;
+    for (const std::uint32_t nField :
+         {HEADER_SIZE, nWidth, nHeight, 1U | std::uint32_t{BITS} << 16, 0U, 0U, 0U, 0U, 0U, 0U}) {
+        AppendLong(bitmap, nField);
+    }
+    for (std::uint32_t y = nHeight; y-- > 0;) {
+        for (std::uint32_t x = 0; x < nWidth; ++x) {
+            const std::uint32_t nColor = pixels.colors[std::size_t{y} * nWidth + x];
+            for (const int nShift : {0, 8, 16}) {
+                bitmap.push_back(static_cast<BYTE>(nColor >> nShift));
+            }
+        }
+        bitmap.resize((bitmap.size() + 3) / 4 * 4); // rows end on 32 bits; so does the header
+    }
+    const CRect place(rect);
+    std::vector<WORD> words{static_cast<WORD>(SRCCOPY),
+                            static_cast<WORD>(SRCCOPY >> 16),
+                            0,
+                            static_cast<WORD>(nHeight),
+                            static_cast<WORD>(nWidth),
+                            0,
+                            0,
+                            Short(place.Height()),
+                            Short(place.Width()),
+                            Short(place.top),
+                            Short(place.left)};
+    AppendBytes(words, {reinterpret_cast<const char*>(bitmap.data()), bitmap.size()});
+    m_stream.Add(META_STRETCHDIB, words);
+}
 
 /// Text goes with the advance of each character, so that readers with other fonts keep the layout.
 void CMetafileRecorder::Text(const CDrawState& state, POINT origin, std::string_view strBytes) {

@@ -6,44 +6,21 @@
 #include <algorithm>
 #include <cmath>
 
+#include "tessara/platform/qt/ForwardingSink.h"
 #include "tessara/platform/ui/Dispatch.h"
 
 namespace tessara {
 
 namespace {
 
-/// Passes drawing on to the main thread, where fonts and images live.
-class CItemSink : public CDrawSink {
+/// Draws an item for whichever thread its parent belongs to.
+class CItemSink : public CForwardingSink {
 public:
     explicit CItemSink(CDrawSink& sink) : m_sink(sink) {}
 
-    CDeviceCaps GetCaps() const override { return m_sink.GetCaps(); }
-    COLORREF ReadPixel(POINT device) const override {
-        return OnMainThread([&] { return m_sink.ReadPixel(device); });
-    }
-    void Polyline(const CDrawState& state, std::span<const POINT> points) override {
-        OnMainThread([&] { m_sink.Polyline(state, points); });
-    }
-    void Polygon(const CDrawState& state, std::span<const POINT> points) override {
-        OnMainThread([&] { m_sink.Polygon(state, points); });
-    }
-    void Rectangle(const CDrawState& state, const RECT& rect) override {
-        OnMainThread([&] { m_sink.Rectangle(state, rect); });
-    }
-    void Ellipse(const CDrawState& state, const RECT& rect) override {
-        OnMainThread([&] { m_sink.Ellipse(state, rect); });
-    }
-    void FillRect(const CDrawState& state, const RECT& rect, COLORREF color) override {
-        OnMainThread([&] { m_sink.FillRect(state, rect, color); });
-    }
-    void FocusRect(const CDrawState& state, const RECT& rect) override {
-        OnMainThread([&] { m_sink.FocusRect(state, rect); });
-    }
-    void Text(const CDrawState& state, POINT origin, std::string_view strBytes) override {
-        OnMainThread([&] { m_sink.Text(state, origin, strBytes); });
-    }
-
 private:
+    void Target(const CCall& fnCall, bool) const override { fnCall(m_sink); }
+
     CDrawSink& m_sink;
 };
 

@@ -349,6 +349,15 @@ void CPainterSink::FocusRect(const CDrawState& state, const RECT& rect) {
     Rectangle(frame, rect);
 }
 
+void CPainterSink::Picture(const CDrawState& state, const RECT& rect, const CPixels& pixels) {
+    const QImage image(reinterpret_cast<const uchar*>(pixels.colors.data()), pixels.size.cx, pixels.size.cy,
+                       QImage::Format_ARGB32);
+    m_painter.setTransform(QTransform());
+    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    const QPointF first = MapExactly(state, {rect.left, rect.top});
+    m_painter.drawImage(QRectF(first, MapExactly(state, {rect.right, rect.bottom})).normalized(), image);
+}
+
 void CPainterSink::Text(const CDrawState& state, POINT origin, std::string_view strBytes) {
     const CFontFace& face = CFontFace::Find(state.font);
     const QString strText = QString::fromStdU32String(DecodeFor(state.font, strBytes));

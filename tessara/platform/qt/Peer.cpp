@@ -1,6 +1,6 @@
 #include "tessara/platform/qt/Peer.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QHash>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -230,7 +230,15 @@ bool CPeer::OnWheel(const QWheelEvent& event) {
     return Tell(m_hWnd, WM_MOUSEWHEEL, nWord, PackPoint(event.globalPosition(), GetRatio())).bHandled;
 }
 
+bool CPeer::CameFromChild() const {
+    const QWidget* const pFocus = QApplication::focusWidget();
+    return pFocus && m_pWidget->isAncestorOf(pFocus) && Of(pFocus) != this;
+}
+
 bool CPeer::OnKey(const QKeyEvent& event, bool bDown) {
+    if (CameFromChild()) {
+        return false; // the window with the focus was asked, and those around it with it
+    }
     const UINT nKey = ToVirtualKey(event.key());
     const MSG message{m_hWnd, bDown ? WM_KEYDOWN : WM_KEYUP, nKey, MAKELPARAM(std::max(1, event.count()), 0)};
     const auto record = FindWindow(m_hWnd);

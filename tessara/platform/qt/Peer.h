@@ -75,6 +75,8 @@ private:
     bool OnMouseMessage(UINT nMessage, const class QMouseEvent& event);
     bool OnWheel(const class QWheelEvent& event);
     bool OnKey(const class QKeyEvent& event, bool bDown);
+    /// Whether a key event is one that a child with the focus left to the widgets around it.
+    bool CameFromChild() const;
     bool OnPaint();
     bool OnChange(QEvent& event);
     void OnResize();

@@ -1,8 +1,14 @@
 #include "tessara/platform/qt/Pictures.h"
 
+#include <QGuiApplication>
 #include <QPainter>
+#include <QScreen>
 #include <QSvgRenderer>
 #include <cmath>
+
+#include "tessara/platform/gdi/Bitmap.h"
+#include "tessara/platform/qt/Application.h"
+#include "tessara/platform/ui/Mailbox.h"
 
 namespace tessara {
 
@@ -63,3 +69,21 @@ QList<QPixmap> LoadAnimation(UINT nID, int nSide) {
 }
 
 } // namespace tessara
+
+BOOL CBitmap::LoadBitmap(UINT nID) {
+    m_pPixels = tessara::OnMainThread([nID]() -> std::shared_ptr<const tessara::CPixels> {
+        tessara::EnsureApplication();
+        const QPixmap pixmap = tessara::LoadPicture(tessara::EFileResource::bitmap, nID,
+                                                    qGuiApp->primaryScreen()->devicePixelRatio());
+        if (pixmap.isNull()) {
+            return nullptr;
+        }
+        const QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+        const auto* const pColors = reinterpret_cast<const std::uint32_t*>(image.constBits());
+        return std::make_shared<tessara::CPixels>(
+            tessara::CPixels{{image.width(), image.height()},
+                             {pColors, pColors + std::size_t(image.width()) * image.height()}});
+    });
+    m_bCreated = m_pPixels != nullptr;
+    return m_bCreated;
+}
