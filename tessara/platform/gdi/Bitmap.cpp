@@ -1,20 +1,19 @@
 #include "tessara/platform/gdi/Bitmap.h"
 
-#include <algorithm>
-
 IMPLEMENT_DYNAMIC(CBitmap, CGdiObject)
 
 namespace tessara {
 
 CPixels CutOut(const CPixels& pixels, const RECT& part) {
-    CPixels cut;
-    cut.size = CRect(part).Size();
-    cut.colors.resize(static_cast<std::size_t>(cut.size.cx) * static_cast<std::size_t>(cut.size.cy));
-    for (LONG y = 0; y < cut.size.cy; ++y) {
+    const LONG nWidth = part.right - part.left;
+    const LONG nHeight = part.bottom - part.top;
+    CPixels cut{{nWidth, nHeight}, {}};
+    cut.colors.reserve(static_cast<std::size_t>(nWidth) * static_cast<std::size_t>(nHeight));
+    for (LONG y = 0; y < nHeight; ++y) {
         const auto nFrom = static_cast<std::size_t>(part.top + y) * static_cast<std::size_t>(pixels.size.cx) +
                            static_cast<std::size_t>(part.left);
-        std::copy_n(pixels.colors.begin() + static_cast<std::ptrdiff_t>(nFrom), cut.size.cx,
-                    cut.colors.begin() + static_cast<std::ptrdiff_t>(y) * cut.size.cx);
+        const auto itFrom = pixels.colors.begin() + static_cast<std::ptrdiff_t>(nFrom);
+        cut.colors.insert(cut.colors.end(), itFrom, itFrom + nWidth);
     }
     return cut;
 }

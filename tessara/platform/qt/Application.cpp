@@ -15,7 +15,7 @@ QApplication* MakeApplication(int& nArguments, char** ppszArguments) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     auto* const pApplication = new QApplication(nArguments, ppszArguments);
-    pApplication->setQuitOnLastWindowClosed(false); // programs say when they end
+    QApplication::setQuitOnLastWindowClosed(false); // programs say when they end
     return pApplication;
 }
 

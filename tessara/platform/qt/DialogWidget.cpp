@@ -17,7 +17,7 @@ void CDialogWidget::keyPressEvent(QKeyEvent* pEvent) {
     } else if (!eHeld && (pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter)) {
         PressDefault();
     } else {
-        QWidget::keyPressEvent(pEvent);
+        QWidget::keyPressEvent(pEvent); // NOLINT(bugprone-parent-virtual-call): without QDialog's own keys
     }
 }
 

@@ -15,7 +15,10 @@ public:
     CDialogWidget(HWND hDialog, QWidget* pParent, Qt::WindowFlags flags)
         : QDialog(pParent, flags), m_hDialog(hDialog) {}
 
-    void setVisible(bool bVisible) override { QWidget::setVisible(bVisible); }
+    /// Without the place that QDialog would choose.
+    void setVisible(bool bVisible) override {
+        QWidget::setVisible(bVisible); // NOLINT(bugprone-parent-virtual-call)
+    }
     void MoveFocus(bool bNext) { focusNextPrevChild(bNext); }
 
     std::unique_ptr<CDialogLayout> m_pLayout;

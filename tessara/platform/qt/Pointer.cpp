@@ -16,11 +16,11 @@
 #include "tessara/platform/qt/Peer.h"
 #include "tessara/platform/qt/Pictures.h"
 
-struct HCURSOR__ {
+namespace tessara {
+
+struct CPointerShape {
     QCursor cursor;
 };
-
-namespace tessara {
 
 namespace {
 
@@ -145,14 +145,14 @@ using tessara::OnMainThread;
 HCURSOR LoadCursor(UINT nID) {
     return OnMainThread([&]() -> HCURSOR {
         tessara::EnsureApplication();
-        static auto* const s_pShapes = new std::map<UINT, HCURSOR__>;
+        static auto* const s_pShapes = new std::map<UINT, tessara::CPointerShape>;
         auto it = s_pShapes->find(nID);
         if (it == s_pShapes->end()) {
             const auto cursor = tessara::MakeCursor(nID);
             if (!cursor) {
                 return nullptr;
             }
-            it = s_pShapes->emplace(nID, HCURSOR__{*cursor}).first;
+            it = s_pShapes->emplace(nID, tessara::CPointerShape{*cursor}).first;
         }
         return &it->second;
     });

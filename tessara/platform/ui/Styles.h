@@ -117,19 +117,18 @@ enum AnimateStyle : DWORD { ACS_CENTER = 0x1, ACS_TRANSPARENT = 0x2, ACS_AUTOPLA
 namespace tessara {
 
 template <class TYPE, class... STYLES>
-constexpr bool isOneOf = (std::is_same_v<TYPE, STYLES> || ...);
+constexpr bool IS_ONE_OF = (std::is_same_v<TYPE, STYLES> || ...);
 
 /// The styles that make up one word of a window.
 template <class TYPE>
-concept CStyle = isOneOf<TYPE, WindowStyle, DialogStyle, StaticStyle, EditStyle, ButtonStyle, ListBoxStyle,
-                         ListViewStyle, SliderStyle, ProgressStyle, SpinStyle, AnimateStyle>;
+concept CStyle = IS_ONE_OF<TYPE, WindowStyle, DialogStyle, StaticStyle, EditStyle, ButtonStyle, ListBoxStyle,
+                           ListViewStyle, SliderStyle, ProgressStyle, SpinStyle, AnimateStyle>;
 
 } // namespace tessara
 
 /// Styles of a window and of its control together: WS_CHILD | ES_NUMBER.
 template <tessara::CStyle FIRST, tessara::CStyle SECOND>
-    requires(!std::is_same_v<FIRST, SECOND>)
-constexpr DWORD operator|(FIRST eFirst, SECOND eSecond) {
+requires(!std::is_same_v<FIRST, SECOND>) constexpr DWORD operator|(FIRST eFirst, SECOND eSecond) {
     return static_cast<DWORD>(eFirst) | static_cast<DWORD>(eSecond);
 }
 

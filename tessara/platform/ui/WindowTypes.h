@@ -12,12 +12,15 @@ using WPARAM = std::uintptr_t;
 using LPARAM = std::intptr_t;
 using LRESULT = std::intptr_t;
 
-struct HWND__;
-struct HANDLE__;
-struct HCURSOR__;
-using HWND = HWND__*;     ///< a window
-using HANDLE = HANDLE__*; ///< an event or a thread
-using HCURSOR = HCURSOR__*;
+namespace tessara {
+struct CWindowName;
+struct CWaitableName;
+struct CPointerShape;
+} // namespace tessara
+
+using HWND = tessara::CWindowName*;     ///< a window
+using HANDLE = tessara::CWaitableName*; ///< an event or a thread
+using HCURSOR = tessara::CPointerShape*;
 
 /// A posted message. A message without a window is meant for the thread.
 struct MSG {
