@@ -232,7 +232,7 @@ QWidget& WidgetOf(const CWnd& wnd) {
     return tessara::CPeer::Find(wnd.m_hWnd)->GetClient();
 }
 
-void WhenModal(std::function<void(QWidget&)> fnAct) {
+void WhenModal(const std::function<void(QWidget&)>& fnAct) {
     QTimer::singleShot(10, qApp, [fnAct] {
         if (QWidget* const pModal = QApplication::activeModalWidget()) {
             fnAct(*pModal);

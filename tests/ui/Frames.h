@@ -116,6 +116,6 @@ protected:
 
 QWidget& WidgetOf(const CWnd& wnd);
 /// Runs a function on the next modal dialog, as soon as that is there.
-void WhenModal(std::function<void(QWidget&)> fnAct);
+void WhenModal(const std::function<void(QWidget&)>& fnAct);
 /// Presses a button of the next message box; its text is kept.
 void Answer(QMessageBox::StandardButton eButton, QString* pText = nullptr);

@@ -26,7 +26,7 @@ public:
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
 
 private:
-    void Step(int nDelta);
+    void Step(int nSign);
     int Hold(int nPosition) const;
 
     DWORD m_dwStyle;

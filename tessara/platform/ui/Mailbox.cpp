@@ -11,7 +11,7 @@ namespace tessara {
 
 namespace {
 
-const std::thread::id g_mainThread = std::this_thread::get_id();
+const std::thread::id MAIN_THREAD = std::this_thread::get_id();
 
 /// The mailboxes of threads that wait now. Kept to the end of the process: threads may outlive static
 /// objects.
@@ -56,7 +56,7 @@ struct CMailbox::CCall {
 const std::shared_ptr<CMailbox>& CMailbox::OfMainThread() {
     static auto* const s_pMailbox = [] {
         auto* const pMailbox = new std::shared_ptr<CMailbox>(std::make_shared<CMailbox>());
-        (*pMailbox)->m_thread = g_mainThread;
+        (*pMailbox)->m_thread = MAIN_THREAD;
         return pMailbox;
     }();
     return *s_pMailbox;
@@ -71,7 +71,7 @@ const std::shared_ptr<CMailbox>& CMailbox::OfThisThread() {
 }
 
 bool CMailbox::IsMainThread() {
-    return std::this_thread::get_id() == g_mainThread;
+    return std::this_thread::get_id() == MAIN_THREAD;
 }
 
 bool CMailbox::Post(const MSG& message) {
@@ -187,7 +187,7 @@ void CMailbox::Close() {
 }
 
 void CMailbox::Wake() {
-    if (m_thread == g_mainThread) {
+    if (m_thread == MAIN_THREAD) {
         WakeMainThread();
     } else {
         m_wake.notify_all();

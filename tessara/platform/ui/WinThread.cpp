@@ -48,7 +48,7 @@ struct CThisThread {
 thread_local CThisThread t_thread;
 
 std::atomic<DWORD> g_nLastThread = 0;
-thread_local const DWORD t_nThread = ++g_nLastThread;
+thread_local DWORD t_nThread = ++g_nLastThread;
 
 /// The mailboxes of running threads by number. Guarded by the shared lock.
 std::map<DWORD, std::shared_ptr<CMailbox>>& Threads() {

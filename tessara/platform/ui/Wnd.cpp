@@ -161,7 +161,7 @@ void DestroyWindowsOfThread() {
 CWnd::~CWnd() {
     // The derived parts have gone: no handler of theirs may run any more, but the window must go.
     if (tessara::FindWindow(m_hWnd)) {
-        DestroyWindow();
+        CWnd::DestroyWindow();
     }
 }
 
