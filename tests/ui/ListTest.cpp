@@ -89,8 +89,9 @@ TEST_F(ListTest, TheParentMeasuresAndDrawsTheLinesOfAnOwnerDrawnList) {
         }
         return nPixels;
     };
-    EXPECT_EQ(shown.pixelColor(100, 25), QColor(0, 0, 160));
-    EXPECT_EQ(shown.pixelColor(100, 5), QColor(Qt::white));
+    const int nBeyond = shown.width() - 3; // the letters
+    EXPECT_EQ(shown.pixelColor(nBeyond, 25), QColor(0, 0, 160));
+    EXPECT_EQ(shown.pixelColor(nBeyond, 5), QColor(Qt::white));
     EXPECT_GT(fnDark(0), 30);
     EXPECT_LT(fnDark(0), 60 * 22 / 2);
     EXPECT_GT(fnDark(2), 30);
