@@ -38,6 +38,14 @@ bool PreTranslate(const MSG& message);
 /// Runs a function; what it throws goes to the calling thread's ProcessWndProcException.
 void RunGuarded(const std::function<void()>& fnRun);
 
+/// The message that the calling thread is handling, or null.
+const MSG* GetCurrentMessage();
+/// Notes that nobody took that message: its default runs.
+void MarkDefaulted();
+
+/// Destroys a window: it hears of it before its children, and a last word when all have gone. From its
+/// thread.
+void DestroyTree(HWND hWnd);
 /// Destroys the windows that the calling thread still owns.
 void DestroyWindowsOfThread();
 

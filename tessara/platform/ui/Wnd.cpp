@@ -11,153 +11,6 @@
 
 IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
 
-/// Opens CWnd's protected operations to the dispatcher.
-struct CWndAccess {
-    static LRESULT WindowProc(CWnd& wnd, const MSG& message) {
-        return wnd.WindowProc(message.message, message.wParam, message.lParam);
-    }
-    static BOOL PreTranslate(CWnd& wnd, MSG& message) { return wnd.PreTranslateMessage(&message); }
-    static void Forget(CWnd& wnd) {
-        wnd.m_hWnd = nullptr;
-        wnd.PostNcDestroy();
-    }
-};
-
-namespace tessara {
-
-namespace {
-
-/// The message that the calling thread is handling.
-struct CCurrentMessage {
-    MSG message{nullptr, 0, 0, 0};
-    bool bDefaulted = false;
-};
-
-thread_local CCurrentMessage* t_pCurrent = nullptr;
-
-class CCurrentScope {
-public:
-    explicit CCurrentScope(const MSG& message) : m_current{message, false}, m_pPrevious(t_pCurrent) {
-        t_pCurrent = &m_current;
-    }
-    ~CCurrentScope() { t_pCurrent = m_pPrevious; }
-    CCurrentScope(const CCurrentScope&) = delete;
-    CCurrentScope& operator=(const CCurrentScope&) = delete;
-    bool IsDefaulted() const { return m_current.bDefaulted; }
-
-private:
-    CCurrentMessage m_current;
-    CCurrentMessage* m_pPrevious;
-};
-
-/// Gives a message to a window and the thrown exceptions to the thread.
-CReply CallGuarded(const MSG& message) {
-    try {
-        return CallWindow(message.hwnd, message.message, message.wParam, message.lParam);
-    } catch (const std::exception& exception) {
-        CWinThread* const pThread = AfxGetThread();
-        return {true, pThread ? pThread->ProcessWndProcException(exception, &message) : 0};
-    }
-}
-
-/// The order of a destruction: the window hears of it before its children, and a last word when all have
-/// gone.
-void DestroyTree(HWND hWnd) {
-    CallWindow(hWnd, WM_DESTROY);
-    for (const HWND hChild : ChildrenOf(hWnd)) {
-        if (const auto child = FindWindow(hChild)) {
-            child->pOwner->Call([hChild] { DestroyTree(hChild); }); // an owned window may be another thread's
-        }
-    }
-    const auto record = FindWindow(hWnd);
-    if (!record) {
-        return;
-    }
-    if (record->pPeer) {
-        OnMainThread([&] { DestroyPeer(record->pPeer); });
-    }
-    CallWindow(hWnd, WM_NCDESTROY);
-    CWinThread* const pThread = AfxGetThread();
-    if (pThread && pThread->m_pMainWnd && pThread->m_pMainWnd == record->pWnd) {
-        pThread->m_pMainWnd = nullptr;
-        PostQuitMessage(0);
-    }
-    if (record->pWnd) {
-        CWndAccess::Forget(*record->pWnd);
-    }
-    RemoveWindow(hWnd);
-}
-
-} // namespace
-
-CReply CallWindow(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) {
-    const auto record = FindWindow(hWnd);
-    if (!record || !record->pWnd) {
-        return {};
-    }
-    const MSG message{hWnd, nMessage, wParam, lParam};
-    const CCurrentScope current(message);
-    const LRESULT lResult = CWndAccess::WindowProc(*record->pWnd, message);
-    return {!current.IsDefaulted(), lResult};
-}
-
-CReply Tell(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) {
-    const auto record = FindWindow(hWnd);
-    if (!record) {
-        return {};
-    }
-    const MSG message{hWnd, nMessage, wParam, lParam};
-    if (record->pOwner->IsOfThisThread()) {
-        return CallGuarded(message);
-    }
-    record->pOwner->Post(message);
-    return {};
-}
-
-CReply Ask(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) {
-    const auto record = FindWindow(hWnd);
-    CReply reply;
-    if (record) {
-        record->pOwner->Call([&] { reply = CallGuarded({hWnd, nMessage, wParam, lParam}); });
-    }
-    return reply;
-}
-
-void DispatchPosted(const MSG& message) {
-    if (message.hwnd) {
-        CallGuarded(message);
-        return;
-    }
-    if (CWinThread* const pThread = AfxGetThread()) {
-        AFX_MESSAGE words{message.wParam, message.lParam, nullptr, 0};
-        DispatchThreadMessage(*pThread, message.message, words);
-    }
-}
-
-bool PreTranslate(const MSG& message) {
-    MSG copy = message;
-    for (HWND hWnd = message.hwnd; hWnd;) {
-        const auto record = FindWindow(hWnd);
-        if (!record) {
-            return true; // gone while it was asked
-        }
-        if (record->pWnd && CWndAccess::PreTranslate(*record->pWnd, copy)) {
-            return true;
-        }
-        hWnd = record->hParent;
-    }
-    CWinThread* const pThread = AfxGetThread();
-    return pThread && pThread->PreTranslateMessage(&copy);
-}
-
-void DestroyWindowsOfThread() {
-    for (const HWND hWnd : WindowsOf(*CMailbox::OfThisThread())) {
-        DestroyTree(hWnd);
-    }
-}
-
-} // namespace tessara
-
 CWnd::~CWnd() {
     // The derived parts have gone: no handler of theirs may run any more, but the window must go.
     if (tessara::FindWindow(m_hWnd)) {
@@ -401,9 +254,7 @@ LRESULT CWnd::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CWnd::DefWindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) {
-    if (tessara::t_pCurrent) {
-        tessara::t_pCurrent->bDefaulted = true;
-    }
+    tessara::MarkDefaulted();
     LRESULT lResult = 0;
     if (nMessage == WM_CLOSE) {
         DestroyWindow();
@@ -418,11 +269,8 @@ LRESULT CWnd::DefWindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CWnd::Default() {
-    if (!tessara::t_pCurrent) {
-        return 0;
-    }
-    const MSG& message = tessara::t_pCurrent->message;
-    return DefWindowProc(message.message, message.wParam, message.lParam);
+    const MSG* const pMessage = tessara::GetCurrentMessage();
+    return pMessage ? DefWindowProc(pMessage->message, pMessage->wParam, pMessage->lParam) : 0;
 }
 
 BOOL CWnd::OnCommand(WPARAM wParam, LPARAM) {
