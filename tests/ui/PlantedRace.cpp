@@ -1,35 +1,39 @@
 // Two threads change one number without asking each other. The thread sanitizer must say so: this program
 // shows that the tests of threads would be told of a race.
 
+#include <atomic>
+
 #include "tessara/platform/ui/WinThread.h"
 
 namespace {
 
 int g_nShared = 0;
+std::atomic<int> g_nMet = 0;
 
-void Change() {
+/// Changes the number when both threads have come here; meeting orders nothing.
+void MeetAndChange() {
+    g_nMet.fetch_add(1, std::memory_order_relaxed);
+    while (g_nMet.load(std::memory_order_relaxed) < 2) {
+    }
     for (int i = 0; i < 1000; ++i) {
         ++g_nShared;
     }
 }
 
-UINT ChangeAfter(void* pEvent) {
-    WaitForSingleObject(static_cast<HANDLE>(pEvent), INFINITE);
-    Change();
+UINT Run(void*) {
+    MeetAndChange();
     return 0;
 }
 
 } // namespace
 
 int main() {
-    const HANDLE hStart = CreateEvent(nullptr, FALSE, FALSE, nullptr);
-    CWinThread thread(&ChangeAfter, hStart);
+    CWinThread thread(&Run, nullptr);
     thread.m_bAutoDelete = FALSE;
     if (!thread.CreateThread()) {
         return 0;
     }
-    SetEvent(hStart);
-    Change(); // nothing orders this and what the other thread does
+    MeetAndChange();
     WaitForSingleObject(thread.m_hThread, INFINITE);
     return g_nShared < 0 ? 1 : 0;
 }
