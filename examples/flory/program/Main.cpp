@@ -1,12 +1,10 @@
-#include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 
-#include "cli/InputError.h"
+#include "cli/Program.h"
 #include "examples/flory/program/CopolymerCommand.h"
 #include "examples/flory/program/MapCommands.h"
 #include "examples/flory/program/RowReport.h"
@@ -14,7 +12,6 @@
 
 namespace {
 
-constexpr int EXIT_BAD_INPUT = 2;
 constexpr int EXIT_INTERRUPTED = 130; ///< as the shell has it for a program that Ctrl-C ended
 constexpr const char* VERSION_LINE = "flory " TESSARA_VERSION;
 constexpr const char* SOLUTION = "solution";
@@ -28,11 +25,6 @@ Examples:
   flory copolymer --homopolymers 50,50 --diblock 100 -o lifshitz.png
   flory three-phases --chains 300,9000 --w 0.001:0.05 -o three.txt
   flory stability --chains 300,9000 --at-chi 0.56 --phi 0:0.2 --w 0:0.1 -o map.txt)";
-
-int Complain(const char* pszMessage, int nExitCode = EXIT_BAD_INPUT) {
-    std::fprintf(stderr, "flory: %s\n", tessara::OneLine(pszMessage).c_str());
-    return nExitCode;
-}
 
 CLI::App* AddSubcommand(CLI::App& app, const char* pszName, const char* pszHelp) {
     CLI::App* pCommand = app.add_subcommand(pszName, pszHelp);
@@ -88,18 +80,12 @@ int Run(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // Pictures need no display, whatever the environment says, and Qt's advice about it is no message of
-    // ours.
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    setenv("QT_LOGGING_RULES", "*.warning=false", 0);
-    std::signal(SIGXFSZ, SIG_IGN); // a limit of file sizes is an error like a full disk
-    try {
-        return Run(argc, argv);
-    } catch (const flory::CAborted& aborted) {
-        return Complain(aborted.what(), EXIT_INTERRUPTED);
-    } catch (const std::bad_alloc&) {
-        return Complain("out of memory");
-    } catch (const std::exception& error) {
-        return Complain(error.what());
-    }
+    return tessara::RunProgram("flory", [&] {
+        try {
+            return Run(argc, argv);
+        } catch (const flory::CAborted& aborted) {
+            tessara::Complain("flory", aborted.what());
+            return EXIT_INTERRUPTED;
+        }
+    });
 }
