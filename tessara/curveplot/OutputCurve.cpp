@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "tessara/curveplot/CurveTraces.h"
 #include "tessara/numeric/Lookup.h"
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/StringResources.h"
@@ -23,13 +24,14 @@ constexpr std::array<COLORREF, 6> COLORS{0x0000FF, 0xFF0000, 0x00FF00, 0xFFFF00,
 
 } // namespace
 
-COutputCurve::COutputCurve() {
+COutputCurve::COutputCurve() : m_pTraces(std::make_unique<tessara::CCurveTraces>()) {
     for (const COLORREF color : COLORS) {
         m_Colors.Add(color);
     }
 }
 
 COutputCurve::~COutputCurve() {
+    DestroyGetValue();
     ClearOutputList();
 }
 
@@ -49,6 +51,7 @@ void COutputCurve::SetOutputData(double* pX, double* pY, int nPoints) {
     m_pMultipartCurve = nullptr;
     m_pSymbolsCurve = nullptr;
     m_nFlags &= ~CUSTOM_FLAGS;
+    ForgetView();
 }
 
 void COutputCurve::ClearForNewData() {
@@ -58,6 +61,12 @@ void COutputCurve::ClearForNewData() {
     m_nFunctions = 1;
     m_bDiagonal = 0;
     m_nFlags &= ~(CUSTOM_FLAGS | FIT_FLAGS);
+    ForgetView();
+}
+
+void COutputCurve::ForgetView() {
+    m_bZoomed = 0;
+    m_pTraces->Forget();
 }
 
 COutputCurve& COutputCurve::operator=(CCurve* pCurve) {
@@ -202,6 +211,7 @@ int COutputCurve::UseCustomScale(int nAxis, double dFrom, double dTo, double dSt
     }
     m_nFlags |= bArgument ? OCF_CUSTOMARGUMENT : OCF_CUSTOMFUNCTION;
     custom.ApplyTo(bArgument ? m_ArgumentScale : m_FunctionScale);
+    custom.ApplyTo(bArgument ? m_WholeArgumentScale : m_WholeFunctionScale);
     return 1;
 }
 
@@ -221,6 +231,23 @@ void COutputCurve::FitScale(int nAxis) {
     if (nAxis & FUNCTION_AXIS) {
         m_nFlags |= OCF_FITFUNCTION;
     }
+}
+
+void COutputCurve::ZoomTo(const tessara::CZoomWindow& window) {
+    if (!m_bZoomed) {
+        m_WholeArgumentScale = m_ArgumentScale;
+        m_WholeFunctionScale = m_FunctionScale;
+    }
+    m_Zoom = window;
+    m_bZoomed = 1;
+}
+
+void COutputCurve::ShowWhole() {
+    if (m_bZoomed) {
+        m_ArgumentScale = m_WholeArgumentScale;
+        m_FunctionScale = m_WholeFunctionScale;
+    }
+    m_bZoomed = 0;
 }
 
 void COutputCurve::ChooseArgumentScale() {
@@ -254,6 +281,11 @@ void COutputCurve::ChooseFunctionScale() {
 }
 
 void COutputCurve::FindBoundingBox() {
+    if (m_bZoomed) {
+        tessara::ChooseZoomedScale(m_ArgumentScale, m_Zoom.dXMin, m_Zoom.dXMax);
+        tessara::ChooseZoomedScale(m_FunctionScale, m_Zoom.dYMin, m_Zoom.dYMax);
+        return;
+    }
     if (!(m_nFlags & OCF_CUSTOMARGUMENT)) {
         ChooseArgumentScale();
     }

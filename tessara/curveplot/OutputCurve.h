@@ -1,7 +1,7 @@
 #pragma once
 
 #include <array>
-#include <vector>
+#include <memory>
 
 #include "tessara/numeric/Curve.h"
 #include "tessara/numeric/MultiCurve.h"
@@ -12,6 +12,8 @@
 #include "tessara/platform/base/StringArray.h"
 #include "tessara/platform/gdi/MetaFileDC.h"
 #include "tessara/plot/ChooseScale.h"
+#include "tessara/plot/PixelMap.h"
+#include "tessara/plot/ZoomWindow.h"
 
 class CGetValueDialog;
 class CWnd;
@@ -19,6 +21,7 @@ class CWnd;
 namespace tessara {
 
 class CCanvas;
+class CCurveTraces;
 class CPlotMap;
 struct CPlotArea;
 
@@ -41,9 +44,10 @@ enum OutputCurveFlag : DWORD {
 ///
 /// The plot holds pointers to the caller's curves and arrays and copies nothing: they must outlive its use of
 /// them. Abscissae are ascending. Values that are infinite or not a number count for no axis and are gaps in
-/// a curve. At most MAX_FUNCTIONS functions are shown; further columns of a multi-curve are left out.
-/// Symbols, names and the caption are indexed text (IndexedText.h) but for the caption and the argument's
-/// name, which are plain. Main thread.
+/// a curve. A paint keeps what it found for the next: who changes single values of an array in place sets the
+/// data again (an array that is filled anew is noticed). At most MAX_FUNCTIONS functions are shown; further
+/// columns of a multi-curve are left out. Symbols, names and the caption are indexed text (IndexedText.h) but
+/// for the caption and the argument's name, which are plain. Main thread.
 ///
 ///     COutputCurve plot;
 ///     plot.SetNames("Vapour pressure", "p / kPa~N", "Temperature", "T / K~N");
@@ -114,6 +118,18 @@ public:
     /// Makes the axes named in nAxis span exactly the data.
     void FitScale(int nAxis);
 
+    // Zoom; new data end it.
+
+    /// Shows a data rectangle only, or (ShowWhole) the whole plot again. Curves are cut at its edges, and
+    /// both axes span exactly it, custom or not. Does not paint.
+    void ZoomTo(const tessara::CZoomWindow& window);
+    void ShowWhole();
+    int IsZoomed() const { return m_bZoomed; }
+    /// What is shown while zoomed.
+    const tessara::CZoomWindow& GetZoomWindow() const { return m_Zoom; }
+    /// From pixels of the window to data, as the last Paint on the screen had it.
+    tessara::CPixelMap GetPixelMap() const { return {m_rcPlotDevice, m_ArgumentScale, m_FunctionScale}; }
+
     // Values
 
     /// 1 when x lies on the argument axis.
@@ -137,6 +153,24 @@ public:
     /// Does nothing and returns 1.
     int Export(const char* fileName);
 
+    // Read-out: a window beside the plot lists the values at an argument, which a vertical line marks.
+    // Without the window every operation only keeps the plot's own state.
+
+    /// Makes the window, hidden, for the window that the plot is painted in.
+    void CreateGetValue(CWnd* pParent);
+    void ShowGetValue(int bShow);
+    int IsGetValueVisible();
+    /// Call before the plot's window goes. The plot itself calls it at its end.
+    void DestroyGetValue();
+    /// Lists the values at x and moves the mark there.
+    void DisplayValues(double x);
+    /// The same, and shows x in the window's field, as a click does.
+    void PickArgument(double x);
+    /// For the handlers of the window that the plot is painted in; pt in its client area. While the read-out
+    /// is shown, the pointer changes its shape over the curves, and a click there reads out.
+    void OnMouseMove(CPoint pt, CWnd* pWnd);
+    void OnMouseClick(CPoint pt, CWnd* pWnd);
+
     CObArray m_OutputList;
     int m_nParts = 1;
     int m_nFunctions = 0;
@@ -149,7 +183,7 @@ public:
     double* m_pY[MAX_FUNCTIONS] = {};
     CHOOSESCALE m_FunctionScale;
     CHOOSESCALE m_ArgumentScale;
-    double m_dMarkArgument = 0;
+    double m_dMarkArgument = 0; ///< where the mark stands
     CGetValueDialog* m_pGetValueDialog = nullptr;
     CWnd* m_pParentWnd = nullptr;
     CRect m_rcClient;     ///< of the last Paint
@@ -174,22 +208,37 @@ protected:
     COLORREF CurveColor(int nIndex);
     /// The first index of that colour, or -1.
     int CurveFromColor(COLORREF color);
+    /// Inverts the mark on the window; a second time takes it away.
+    void DrawMark();
+    /// The same on a surface that the page is mapped to. Leaves the raster operation set.
+    void DrawMarkOnDC(CDC* pDC);
     void DrawCaption(CDC* pDC, int x, int y, int bCentered, CMetaFileDC* pMetaDC);
     /// Does nothing: Paint draws the legend.
     void DrawLegend(CDC* pDC, int x, int y, CPen* pPen);
 
 private:
     void ClearForNewData();
+    void ForgetView();
     void ChooseArgumentScale();
     void ChooseFunctionScale();
     int CountLegendRows() const;
+    CString MakeValueLine(int nFunction, double x);
 
+    bool FollowCurves(const tessara::CPlotMap& map);
+    tessara::CPlotMap GetPlotMap() const;
     void RememberPlotDevice(const CDC& dc, const tessara::CPlotArea& area);
     void DrawFrames(const tessara::CCanvas& canvas, const tessara::CPlotArea& area);
     void DrawDiagonal(const tessara::CCanvas& canvas, const tessara::CPlotArea& area);
     void DrawLegendRows(const tessara::CCanvas& canvas, const tessara::CPlotArea& area, CMetaFileDC* pMetaDC);
     void DrawGrids(const tessara::CCanvas& canvas, const tessara::CPlotArea& area);
     void DrawTitles(CDC* pDC, const tessara::CPlotArea& area, CMetaFileDC* pMetaDC);
-    void DrawCurves(CDC* pDC, const tessara::CPlotMap& map, std::vector<POINT>& buffer, CMetaFileDC* pMetaDC);
+    void DrawCurves(CDC* pDC, const tessara::CPlotMap& map, CMetaFileDC* pMetaDC);
     void DrawSymbols(const tessara::CCanvas& canvas, const tessara::CPlotMap& map);
+    void DrawMarkAgain(CDC* pDC, const CMetaFileDC* pMetaDC);
+
+    int m_bZoomed = 0;
+    tessara::CZoomWindow m_Zoom;
+    CHOOSESCALE m_WholeFunctionScale; ///< while zoomed, the scales of the whole plot
+    CHOOSESCALE m_WholeArgumentScale;
+    std::unique_ptr<tessara::CCurveTraces> m_pTraces; ///< what the last paint found of the curves
 };

@@ -1,6 +1,7 @@
 #include <new>
 #include <string>
 
+#include "tessara/curveplot/CurveTraces.h"
 #include "tessara/curveplot/OutputCurve.h"
 #include "tessara/platform/base/Number.h"
 #include "tessara/platform/ui/WaitCursor.h"
@@ -46,43 +47,48 @@ RECT AroundPoint(POINT point) {
     return {point.x - SYMBOL_REACH, point.y - SYMBOL_REACH, point.x + SYMBOL_REACH, point.y + SYMBOL_REACH};
 }
 
-bool ReservePoints(std::vector<POINT>& buffer, int nPoints) {
-    try {
-        buffer.reserve(static_cast<std::size_t>(nPoints < 0 ? 0 : nPoints));
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
-    return true;
-}
-
 } // namespace
 
 int COutputCurve::Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {
     FindBoundingBox();
+    const CPlotMap map = GetPlotMap();
+    if (!FollowCurves(map)) {
+        return 0;
+    }
     const tessara::CSavedState saved(*pDC);
     m_rcClient = rc;
     CenterDC(pDC, m_rcClient);
     const CPlotArea area = CPlotArea::ForLegend(m_bShowLegend != 0);
     RememberPlotDevice(*pDC, area);
-    std::vector<POINT> buffer;
-    if (!ReservePoints(buffer, m_nPoints)) {
-        return 0;
-    }
     const CCanvas canvas(pDC, pMetaDC);
     const tessara::CPaletteScope palette(*pDC,
                                          {m_Colors.GetData(), static_cast<std::size_t>(m_Colors.GetSize())});
-    const CPlotMap map(area.Rect(), m_ArgumentScale, m_FunctionScale);
 
     DrawFrames(canvas, area);
     DrawGrids(canvas, area);
     DrawTitles(pDC, area, pMetaDC);
-    {
-        const CWaitCursor wait;
-        DrawCurves(pDC, map, buffer, pMetaDC);
-        DrawSymbols(canvas, map);
-    }
+    DrawCurves(pDC, map, pMetaDC);
+    DrawSymbols(canvas, map);
     PaintEmptyRect(pDC, nullptr, pMetaDC);
+    DrawMarkAgain(pDC, pMetaDC);
     return 1;
+}
+
+CPlotMap COutputCurve::GetPlotMap() const {
+    return {CPlotArea::ForLegend(m_bShowLegend != 0).Rect(), m_ArgumentScale, m_FunctionScale};
+}
+
+/// Maps the curves to the page; false when there is no memory for their points.
+bool COutputCurve::FollowCurves(const CPlotMap& map) {
+    const CWaitCursor wait;
+    try {
+        m_pTraces->Follow(*this, m_bZoomed ? &m_Zoom : nullptr);
+        m_pTraces->ForEachRun(map, [](const auto&) {});
+    } catch (const std::bad_alloc&) {
+        m_pTraces->Forget();
+        return false;
+    }
+    return true;
 }
 
 void COutputCurve::RememberPlotDevice(const CDC& dc, const CPlotArea& area) {
@@ -167,23 +173,16 @@ void COutputCurve::DrawCaption(CDC* pDC, int x, int y, int bCentered, CMetaFileD
 
 void COutputCurve::DrawLegend(CDC*, int, int, CPen*) {}
 
-void COutputCurve::DrawCurves(CDC* pDC, const CPlotMap& map, std::vector<POINT>& buffer,
-                              CMetaFileDC* pMetaDC) {
-    for (int nPart = 0; nPart < m_nParts; ++nPart) {
-        int nPoints = m_nPoints;
-        if (m_pMultipartCurve) {
-            const CCurvePartInfo& part = m_pMultipartCurve->m_pParts[nPart];
-            nPoints = part.nPoints;
-            m_pX = m_pMultipartCurve->m_pX + part.nFirst;
-            m_pY[0] = m_pMultipartCurve->m_pY + part.nFirst;
-        }
-        for (int j = 0; j < m_nFunctions; ++j) {
-            const int nStyle = m_pMultipartCurve ? m_pMultipartCurve->m_pParts[nPart].nColor : j;
-            tessara::MapPolyline(map, m_pX, m_pY[j], nPoints, buffer, [&](std::span<POINT> points) {
-                PolyLineStippledEx(pDC, points.data(), static_cast<int>(points.size()), nStyle, pMetaDC,
-                                   m_bMonochrome ? 1 : 0);
-            });
-        }
+void COutputCurve::DrawCurves(CDC* pDC, const CPlotMap& map, CMetaFileDC* pMetaDC) {
+    m_pTraces->ForEachRun(map, [&](const tessara::CCurveTrace::CRun& run) {
+        std::vector<POINT> points = run.points;
+        PolyLineStippledEx(pDC, points.data(), static_cast<int>(points.size()), run.nColor, pMetaDC,
+                           m_bMonochrome ? 1 : 0);
+    });
+    if (m_pMultipartCurve && m_nParts > 0) {
+        const int nFirst = m_pMultipartCurve->m_pParts[m_nParts - 1].nFirst;
+        m_pX = m_pMultipartCurve->m_pX + nFirst;
+        m_pY[0] = m_pMultipartCurve->m_pY + nFirst;
     }
 }
 
@@ -197,7 +196,7 @@ void COutputCurve::DrawSymbols(const CCanvas& canvas, const CPlotMap& map) {
         for (int i = 0; i < m_pSymbolsCurve->m_nPoints; ++i) {
             const double dX = m_pSymbolsCurve->m_pX[i];
             const double dY = m_pSymbolsCurve->m_ppY[j][i];
-            if (!tessara::IsDrawable(dX, dY)) {
+            if (!tessara::IsDrawable(dX, dY) || (m_bZoomed && !m_Zoom.Contains(dX, dY))) {
                 continue;
             }
             const RECT box = AroundPoint(map.Map(dX, dY));
@@ -207,6 +206,13 @@ void COutputCurve::DrawSymbols(const CCanvas& canvas, const CPlotMap& map) {
                 canvas.Ellipse(box);
             }
         }
+    }
+}
+
+/// Painting has erased the mark on the screen; pictures and paper have none.
+void COutputCurve::DrawMarkAgain(CDC* pDC, const CMetaFileDC* pMetaDC) {
+    if (!pMetaDC && !pDC->IsPrinting() && IsGetValueVisible() && m_nFlags & OCF_MARKSHOWN) {
+        DrawMarkOnDC(pDC);
     }
 }
 

@@ -1,9 +1,9 @@
 #include <array>
 
-#include "tessara/phasediagram/CurveTrace.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/vellum/Stippled.h"
 #include "tessara/plot/Canvas.h"
+#include "tessara/plot/CurveTrace.h"
 #include "tessara/plot/PlotArea.h"
 #include "tessara/plot/PlotMap.h"
 
@@ -174,14 +174,19 @@ void CPhaseDiagramOutput::DrawBoundary(const CCanvas& canvas, double dAbscissa) 
     canvas.Line(nX, m_nPlotTop, nX, m_nPlotTop + m_nPlotHeight);
 }
 
+/// A line of the cross-hair that lies off its axis has no place in the plot.
 void CPhaseDiagramOutput::DrawMarkOnDC(CDC* pDC) {
     pDC->SetROP2(R2_NOTXORPEN);
     CPen pen(PS_SOLID, 4, MARK_COLOR);
     CPen* pOldPen = pDC->SelectObject(&pen);
     const POINT mark = GetPlotMap().Map(m_dMarkX, m_dMarkY);
-    pDC->MoveTo(mark.x, m_nPlotTop);
-    pDC->LineTo(mark.x, m_nPlotTop + m_nPlotHeight);
-    pDC->MoveTo(m_nPlotLeft, mark.y);
-    pDC->LineTo(m_nPlotLeft + m_nPlotWidth, mark.y);
+    if (IsValidValue(m_dMarkX, 1)) {
+        pDC->MoveTo(mark.x, m_nPlotTop);
+        pDC->LineTo(mark.x, m_nPlotTop + m_nPlotHeight);
+    }
+    if (IsValidValue(m_dMarkY, 0)) {
+        pDC->MoveTo(m_nPlotLeft, mark.y);
+        pDC->LineTo(m_nPlotLeft + m_nPlotWidth, mark.y);
+    }
     pDC->SelectObject(pOldPen);
 }

@@ -4,9 +4,10 @@
 #include <array>
 
 #include "tessara/numeric/Intersections.h"
-#include "tessara/phasediagram/CurveTrace.h"
+#include "tessara/phasediagram/CrossSectionDialog.h"
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/StringResources.h"
+#include "tessara/plot/CurveTrace.h"
 #include "tessara/plot/ResourceFields.h"
 
 IMPLEMENT_DYNAMIC(CElementFormat, CObject)
@@ -26,6 +27,16 @@ std::unique_ptr<CCurve> CopyPoints(int nPoints, const double* pX, const double* 
     std::copy_n(pX, nPoints, pCurve->m_pX);
     std::copy_n(pY, nPoints, pCurve->m_pY);
     return pCurve;
+}
+
+/// The first entry of that colour, or -1.
+int IndexOf(const CDWordArray& colors, DWORD c) {
+    for (int i = 0; i < colors.GetSize(); ++i) {
+        if (colors.GetAt(i) == c) {
+            return i;
+        }
+    }
+    return -1;
 }
 
 } // namespace
@@ -61,8 +72,10 @@ void CPhaseDiagramOutput::Reset() {
     m_pLifshitzPoints.reset();
     m_pMultiphasePoints.reset();
     m_bMultiphasePointsVisible = 0;
+    m_Drag.Cancel();
     m_bZoomed = 0;
     m_bZoomInMode = 0;
+    m_bCursorInside = 0;
     m_bCriticalPointsClicking = 0;
     m_bLeftBoundary = 0;
     m_bRightBoundary = 0;
@@ -163,6 +176,7 @@ void CPhaseDiagramOutput::SetSpinodalSection(int x, int y, CMultipartTable* tabl
 void CPhaseDiagramOutput::SetSpinodalSection(CMultipartCurve* curve) {
     SetSpinodal(curve->m_nPoints, curve->m_pX, curve->m_pY, curve->m_nParts, curve->m_pParts,
                 curve->GetNumColors());
+    m_pSpinodalSection = nullptr; // no longer that of the curve
 }
 
 void CPhaseDiagramOutput::SetCloudPointCurve(int nPoints, double* x, double* y, int nParts,
@@ -233,6 +247,9 @@ void CPhaseDiagramOutput::ToggleMultiphasePoints() {
         m_pFoundMultiphasePoints.reset(
             Find2DSelfIntersections(m_pBinodalSection, m_CloudPointColumns.nX, m_CloudPointColumns.nY));
     }
+    if (m_pParentWnd) {
+        m_pParentWnd->InvalidateRect(&m_rcPlotDevice);
+    }
 }
 
 int CPhaseDiagramOutput::AreMultiphasePointsVisible() {
@@ -257,12 +274,11 @@ DWORD CPhaseDiagramOutput::CurveColor(int i) {
 }
 
 int CPhaseDiagramOutput::CurveFromColor(DWORD c) {
-    for (int i = 0; i < m_CurveColors.GetSize(); ++i) {
-        if (m_CurveColors.GetAt(i) == c) {
-            return i;
-        }
-    }
-    return -1;
+    return IndexOf(m_CurveColors, c);
+}
+
+int CPhaseDiagramOutput::ElementFromColor(DWORD c) const {
+    return IndexOf(m_ElementColors, c);
 }
 
 int CPhaseDiagramOutput::IsCloudPointCurveSelected() {
@@ -280,9 +296,7 @@ int CPhaseDiagramOutput::IsValidColor(DWORD c) {
     constexpr COLORREF CRITICAL = 0x000080;
     constexpr COLORREF FOUND_MULTIPHASE = 0x008000;
     if (m_bElementReadOut) {
-        const DWORD* pColors = m_ElementColors.GetData();
-        return std::find(pColors, pColors + m_ElementColors.GetSize(), c) !=
-               pColors + m_ElementColors.GetSize();
+        return ElementFromColor(c) != -1;
     }
     const bool bCurve = m_nFlags & MF_CROSSSECTION ? c == GREEN : c == RED || c == BLUE || c == GREEN;
     const bool bFoundPoint = m_bMultiphasePointsVisible && c == FOUND_MULTIPHASE;

@@ -8,21 +8,26 @@
 #include "tessara/numeric/MultipartTable.h"
 #include "tessara/numeric/Table.h"
 #include "tessara/phasediagram/ElementFormat.h"
-#include "tessara/phasediagram/ZoomWindow.h"
 #include "tessara/platform/base/DWordArray.h"
 #include "tessara/platform/base/String.h"
 #include "tessara/platform/base/StringArray.h"
 #include "tessara/platform/gdi/MetaFileDC.h"
 #include "tessara/plot/ChooseScale.h"
-
-class CWnd;
+#include "tessara/plot/PixelMap.h"
+#include "tessara/plot/ZoomDrag.h"
+#include "tessara/plot/ZoomWindow.h"
 
 namespace tessara {
 
 class CCanvas;
+class CCrossSectionDialog;
 class CCurveTrace;
+class CElementReadOut;
 class CPlotMap;
+class CPointReadOut;
+class CReadOutDialog;
 struct CPlotArea;
+struct CPointReadOutSource;
 
 /// The abscissa and the ordinate column of an element in its table.
 struct CColumnPair {
@@ -57,6 +62,11 @@ enum PhaseDiagramFlag : DWORD {
     MF_CUSTOMORDINATE = 0x2000000  ///< the ordinate uses a custom scale
 };
 
+/// Posted to the program's main window by the Cross Section window: wParam is the column of the binodal
+/// section that was held, lParam the address of a CTable with the rows of the section there, which may be
+/// none. The receiver deletes the table.
+constexpr UINT WM_CROSSSECTION = WM_USER + 32;
+
 /// The diagram of the phases of a polymer solution: spinodal, cloud-point curve with its shadow curve,
 /// critical, Lifshitz and multiphase points, with frame, grid, titles, caption and legend, on any surface and
 /// as a metafile.
@@ -70,7 +80,7 @@ enum PhaseDiagramFlag : DWORD {
 /// text (IndexedText.h). Main thread.
 ///
 ///     CPhaseDiagramOutput diagram;
-///     diagram.SetNames("Polystyrene in cyclohexane", "T, K~N", "f~G~2~L");
+///     diagram.SetNames("Polystyrene in cyclohexane", "T, K~N", "f~G2~L");
 ///     diagram.SetBinodalSection(0, 1, 2, &section, 0); // cloud points, shadow, temperature
 ///     CImageDC dc(800, 575);
 ///     diagram.Paint(&dc, dc.GetClientRect(), nullptr);
@@ -138,10 +148,57 @@ public:
     /// diagram.
     void ToggleMultiphasePoints();
     int AreMultiphasePointsVisible();
-    /// Shows a data rectangle only, or (ShowWhole) the whole diagram again.
+    /// Shows a data rectangle only, or (ShowWhole) the whole diagram again. Does not paint.
     void ZoomTo(const tessara::CZoomWindow& window);
     void ShowWhole();
     int IsZoomed();
+    /// What is shown while zoomed.
+    const tessara::CZoomWindow& GetZoomWindow() const { return m_Zoom; }
+    /// From pixels of the window to data, as the last Paint on the screen had it.
+    tessara::CPixelMap GetPixelMap() const { return {m_rcPlotDevice, m_AbscissaScale, m_OrdinateScale}; }
+
+    // Mouse: for the handlers of the window that shows the diagram, with points in its client area.
+
+    /// In zoom-in mode the user drags the rectangle to be shown, once; otherwise a click picks an element
+    /// while a read-out window is shown.
+    void OnLButtonDown(POINT pt, CWnd* pWnd);
+    void OnMouseMove(POINT pt, CWnd* pWnd);
+    void OnLButtonUp(POINT pt, CWnd* pWnd);
+    /// Returns 1 when it has given the pointer a shape; the window must not give it another then.
+    int OnSetCursor(CWnd* pWnd, unsigned int nHitTest, unsigned int nMessage);
+    /// Switching the mode off shows the whole diagram again.
+    void EnableZoomInMode(int bEnable);
+    int IsZoomInModeEnabled() const { return m_bZoomInMode; }
+    /// Reads a point out and marks it, as a click there does, on the element of that colour. Does nothing
+    /// while no read-out window is shown.
+    void PickPoint(double dX, double dY, DWORD crElement);
+    /// Takes the mark away and ends picking.
+    void HideMark();
+
+    // Read-out windows: Get Value lists the coordinates of a picked point, extended Get Value the lines of
+    // AddFormatString, Cross Section asks for a section (WM_CROSSSECTION). Destroy them before the window that
+    // shows the diagram; what is left goes with the diagram. Without a window its operations do nothing more
+    // than keep the diagram's own state.
+
+    /// Each makes a hidden window for the window that shows the diagram.
+    void CreateGetValue(CWnd* pParent);
+    void CreateExtendedGetValue(CWnd* pParent);
+    void CreateCrossSection(CWnd* pParent);
+    void ShowGetValue(int bShow);
+    void ShowExtendedGetValue(int bShow);
+    void ShowCrossSection(int bShow);
+    int IsGetValueVisible();
+    int IsExtendedGetValueVisible();
+    int IsCrossSectionVisible();
+    void DestroyGetValue();
+    void DestroyExtendedGetValue();
+    void DestroyCrossSection();
+    /// Lists the values of the row of an element's table that is nearest to a point of the window in the
+    /// extended Get Value window. nElement counts the element colours (see CElementFormat).
+    void DisplayElementValues(int nElement, CPoint pt);
+    /// Posts the cross section through the mark, at its abscissa or its ordinate. Returns 0, and posts
+    /// nothing, unless the cloud-point or the shadow curve is picked.
+    int RequestCrossSection(int bAtAbscissa);
 
     // Scales
 
@@ -194,6 +251,10 @@ protected:
     /// Inverts the cross-hair at the marked point; drawing it twice restores the screen. Leaves the raster
     /// operation set.
     void DrawMarkOnDC(CDC* pDC);
+    /// The same on the window.
+    void DrawMark();
+    /// Inverts the outline of a rectangle on the window.
+    void DrawZoomTrackingRect(POINT a, POINT b);
 
     CHOOSESCALE m_SavedAbscissaScale; ///< custom scales come from these copies
     CHOOSESCALE m_SavedOrdinateScale;
@@ -229,9 +290,12 @@ protected:
     DWORD m_nFlags = 0;
     CHOOSESCALE m_OrdinateScale;
     CHOOSESCALE m_AbscissaScale;
-    CWnd* m_pParentWnd = nullptr;
-    CRect m_rcPaint;      ///< given to the last Paint
-    CRect m_rcPlotDevice; ///< plot frame in pixels, one larger on every side: for hit tests
+    std::unique_ptr<tessara::CPointReadOut> m_pGetValueDialog;
+    std::unique_ptr<tessara::CElementReadOut> m_pExtendedGetValueDialog;
+    std::unique_ptr<tessara::CCrossSectionDialog> m_pCrossSectionDialog;
+    CWnd* m_pParentWnd = nullptr; ///< shows the diagram
+    CRect m_rcPaint;              ///< given to the last Paint
+    CRect m_rcPlotDevice;         ///< plot frame in pixels, one larger on every side: for hit tests
     CString m_strName = "Phase diagram";
     CString m_strOrdinateSymbol = "f(x)~N";
     CString m_strAbscissaSymbol = "x~N";
@@ -251,8 +315,10 @@ protected:
     int m_nPlotHeight = 0;
     int m_nLineHeight = 0; ///< of a legend row
     int m_nWidestLabel = 0;
+    tessara::CZoomDrag m_Drag;
     int m_bZoomed = 0;
     int m_bZoomInMode = 0;
+    int m_bCursorInside = 0; ///< of the plot, in zoom-in mode
     tessara::CZoomWindow m_Zoom;
     CRect m_rcExactPlotDevice; ///< plot frame in pixels
     int m_bMultiphasePointsVisible = 0;
@@ -293,6 +359,17 @@ private:
                    CMetaFileDC* pMetaDC);
     void DrawBoundary(const tessara::CCanvas& canvas, double dAbscissa);
     void DrawNoPhaseSeparation(const tessara::CCanvas& canvas);
+    void DrawMarkAgain(CDC* pDC, const CMetaFileDC* pMetaDC);
+
+    bool IsAnyReadOutVisible();
+    int ElementFromColor(DWORD c) const;
+    void ShowReadOut(tessara::CReadOutDialog* pDialog, bool bShow, DWORD nFlags);
+    void ListPoint(double dX, double dY);
+    tessara::CPointReadOutSource GetReadOutSource() const;
+    void ListElement(int nElement, double dX, double dY);
+    std::unique_ptr<CTable> FindElementRow(int nElement, double dX, double dY) const;
+    void RemoveMark();
+    void InvalidateParent();
     bool IsPointShown(double dX, double dY) const;
 
     std::unique_ptr<tessara::CCurveTrace> m_pCloudPointTrace; ///< what the last paint found of each curve

@@ -1,11 +1,11 @@
 #include <algorithm>
 
-#include "tessara/phasediagram/CurveTrace.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/ui/WaitCursor.h"
 #include "tessara/platform/vellum/Stippled.h"
 #include "tessara/plot/AxisGrid.h"
 #include "tessara/plot/Canvas.h"
+#include "tessara/plot/CurveTrace.h"
 #include "tessara/plot/IndexedText.h"
 #include "tessara/plot/Page.h"
 #include "tessara/plot/PlaceableMetafile.h"
@@ -100,6 +100,7 @@ int CPhaseDiagramOutput::Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {
         DrawElements(canvas, pMetaDC);
     }
     PaintEmptyRect(pDC, nullptr, pMetaDC);
+    DrawMarkAgain(pDC, pMetaDC);
     if (!m_pSpinodal && !m_pShadowCurve && !m_pCloudPointCurve) {
         DrawNoPhaseSeparation(canvas);
     }

@@ -1,5 +1,5 @@
-#include "tessara/phasediagram/CurveTrace.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
+#include "tessara/plot/CurveTrace.h"
 #include "tessara/plot/CustomScale.h"
 #include "tessara/plot/DataRange.h"
 
@@ -14,25 +14,20 @@ constexpr int ORDINATE = 2;
 template <class CURVE_RANGE, class POINT_VALUES>
 void CPhaseDiagramOutput::ChooseScaleOf(CHOOSESCALE& scale, CURVE_RANGE curveRange, POINT_VALUES pointValues,
                                         double dZoomMin, double dZoomMax) const {
-    tessara::CDataRange range;
     if (m_bZoomed) {
-        range.Add(dZoomMin);
-        range.Add(dZoomMax);
-    } else {
-        for (const auto* ppTrace : {&m_pCloudPointTrace, &m_pShadowTrace, &m_pSpinodalTrace}) {
-            range.Add(curveRange(**ppTrace));
-        }
-        for (const CCurve* pPoints : {m_pCriticalPoints.get(), m_pLifshitzPoints.get()}) {
-            if (pPoints) {
-                range.Add(pointValues(*pPoints), pPoints->m_nPoints);
-            }
+        tessara::ChooseZoomedScale(scale, dZoomMin, dZoomMax);
+        return;
+    }
+    tessara::CDataRange range;
+    for (const auto* ppTrace : {&m_pCloudPointTrace, &m_pShadowTrace, &m_pSpinodalTrace}) {
+        range.Add(curveRange(**ppTrace));
+    }
+    for (const CCurve* pPoints : {m_pCriticalPoints.get(), m_pLifshitzPoints.get()}) {
+        if (pPoints) {
+            range.Add(pointValues(*pPoints), pPoints->m_nPoints);
         }
     }
     range.Choose(scale);
-    if (m_bZoomed) {
-        scale.dUpper = dZoomMax;
-        scale.dLower = dZoomMin;
-    }
 }
 
 void CPhaseDiagramOutput::ChooseAbscissaScale() {

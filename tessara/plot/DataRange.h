@@ -28,6 +28,16 @@ private:
     double m_dMax = -std::numeric_limits<double>::infinity();
 };
 
+/// Makes an axis span exactly a zoom window's side; its ticks are chosen as for data of that range.
+inline void ChooseZoomedScale(CHOOSESCALE& scale, double dMin, double dMax) {
+    CDataRange range;
+    range.Add(dMin);
+    range.Add(dMax);
+    range.Choose(scale);
+    scale.dUpper = dMax;
+    scale.dLower = dMin;
+}
+
 /// Makes an axis span exactly its data range; ticks stay. An axis needs two ends: equal data leave it as it
 /// is.
 inline void FitToData(CHOOSESCALE& scale) {

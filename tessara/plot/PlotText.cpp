@@ -15,17 +15,27 @@ bool HasUtf8Characters(std::string_view strText) {
            std::any_of(strText.begin(), strText.end(), [](char ch) { return ch < 0; });
 }
 
+/// The multiplication sign is written as the text before it is.
+CString TimesPowerOfTen(const CString& strText, int nExponent) {
+    CString strTimes = strText + (HasUtf8Characters(strText.View()) ? "\xC3\x97" : "\xD7") + "10~N";
+    if (nExponent != 1) {
+        strTimes += FormatText("%d~H", nExponent).c_str();
+    }
+    return strTimes;
+}
+
 } // namespace
 
 CString AxisTitle(const CString& strSymbol, int nExponent) {
     if (nExponent == 0) {
         return strSymbol;
     }
-    CString strTitle = strSymbol + (HasUtf8Characters(strSymbol.View()) ? "\xC3\x97" : "\xD7") + "10~N";
-    if (nExponent != 1) {
-        strTitle += FormatText("%d~H", nExponent).c_str();
-    }
-    return strTitle;
+    return TimesPowerOfTen(strSymbol, nExponent);
+}
+
+CString ValueLine(const CString& strSymbol, const CString& strFormat, double dValue, int nExponent) {
+    const CString strLine = strSymbol + " = " + FormatValue(strFormat, dValue).c_str();
+    return nExponent == 0 ? strLine + "~N" : TimesPowerOfTen(strLine, nExponent);
 }
 
 void DrawCaption(const CCanvas& canvas, int nX, int nY, bool bCentered, const CString& strCaption) {

@@ -1,12 +1,13 @@
 #include "tessara/platform/ui/LibraryResources.h"
 
-/// The files of this folder, embedded by the build.
+/// The dialogs of this folder, and its files as the build embeds them.
+std::span<const tessara::CDialogTemplate> LibraryDialogs();
 std::span<const tessara::CFileResource> LibraryFiles();
 
 namespace tessara {
 
 const CResourceModule& LibraryResources() {
-    static const CResourceModule s_module = {{}, LibraryFiles()};
+    static const CResourceModule s_module = {LibraryDialogs(), LibraryFiles()};
     return s_module;
 }
 

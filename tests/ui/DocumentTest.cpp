@@ -1,5 +1,3 @@
-#include <QFileDialog>
-#include <QLineEdit>
 #include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
@@ -18,16 +16,6 @@ std::string ReadText(const CString& strPath) {
 
 void WriteText(const CString& strPath, const char* pszText) {
     std::ofstream(strPath) << pszText;
-}
-
-/// Types a path into the next file dialog and accepts it.
-void AnswerPath(const CString& strPath) {
-    WhenModal([strPath](QWidget& modal) {
-        auto& dialog = dynamic_cast<QFileDialog&>(modal);
-        auto* const pName = dialog.findChild<QLineEdit*>("fileNameEdit");
-        pName->setText(QString(static_cast<const char*>(strPath)));
-        QTest::keyClick(pName, Qt::Key_Return);
-    });
 }
 
 TEST_F(DocumentTest, TitlesFollowTheDocumentAndItsChanges) {

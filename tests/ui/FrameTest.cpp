@@ -7,6 +7,7 @@
 
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/ui/ClientDC.h"
+#include "tessara/platform/ui/System.h"
 #include "tessara/platform/ui/WindowTable.h"
 #include "tests/ui/Frames.h"
 
@@ -142,6 +143,85 @@ TEST_F(FrameTest, AcceleratorsRunCommandsThatAreNotGreyed) {
     Frame().GetMenu()->DeleteMenu(ID_MARK, MF_BYCOMMAND);
     QTest::keyClick(&WidgetOf(View()), Qt::Key_F2);
     EXPECT_EQ(View().m_nMarks, 3);
+}
+
+/// A key as the window system tells of it, and whether it runs a command.
+struct CKeyCase {
+    Qt::Key eKey;
+    Qt::KeyboardModifiers eModifiers;
+    bool bCommand = true;
+};
+
+TEST_F(FrameTest, AcceleratorsAreFoundHoweverAKeyboardTypesThem) {
+    const Qt::KeyboardModifiers eControl = Qt::ControlModifier;
+    const CKeyCase cases[] = {
+        {Qt::Key_Plus, eControl},
+        {Qt::Key_Plus, eControl | Qt::ShiftModifier}, // Shift types it where '=' is below
+        {Qt::Key_Equal, eControl},
+        {Qt::Key_Equal, eControl | Qt::ShiftModifier, false}, // another key's
+        {Qt::Key_Plus, eControl | Qt::KeypadModifier},
+        {Qt::Key_Minus, eControl},
+        {Qt::Key_Minus, eControl | Qt::ShiftModifier, false},
+        {Qt::Key_Minus, eControl | Qt::KeypadModifier},
+        {Qt::Key_0, eControl},
+        {Qt::Key_0, eControl | Qt::KeypadModifier},
+        {Qt::Key_Left, Qt::AltModifier},
+        {Qt::Key_Right, Qt::AltModifier},
+        {Qt::Key_F2, Qt::NoModifier},
+        {Qt::Key_F10, Qt::NoModifier},
+        {Qt::Key_F11, Qt::NoModifier},
+        {Qt::Key_Escape, Qt::NoModifier},
+        {Qt::Key_Plus, Qt::NoModifier, false}};
+    for (const CKeyCase& key : cases) {
+        View().m_nMarks = 0;
+        QTest::keyClick(Window().windowHandle(), key.eKey, key.eModifiers);
+        EXPECT_EQ(View().m_nMarks, key.bCommand ? 1 : 0) << key.eKey << ' ' << key.eModifiers;
+    }
+}
+
+TEST_F(FrameTest, OtherKeysReachTheView) {
+    for (const Qt::Key eKey : {Qt::Key_X, Qt::Key_7, Qt::Key_Left, Qt::Key_Down, Qt::Key_Home, Qt::Key_Tab,
+                               Qt::Key_Plus, Qt::Key_F5}) {
+        QTest::keyClick(Window().windowHandle(), eKey);
+    }
+    const std::vector<UINT> expected = {'X', '7', VK_LEFT, VK_DOWN, VK_HOME, VK_TAB, VK_OEM_PLUS, VK_F5};
+    EXPECT_EQ(View().m_keys, expected);
+}
+
+TEST_F(FrameTest, FillsTheScreenWithoutBarsAndComesBackAsItWas) {
+    Frame().ShowControlBar(&Frame().m_statusBar, FALSE, FALSE); // stays hidden
+    const QRect before = Window().geometry();
+    Frame().ShowFullScreen(TRUE);
+    QApplication::processEvents();
+    EXPECT_TRUE(Frame().IsFullScreen());
+    EXPECT_FALSE(Window().menuBar()->isVisible());
+    EXPECT_FALSE(Frame().m_toolBar.IsWindowVisible());
+    CRect view;
+    View().GetClientRect(&view);
+    EXPECT_EQ(view, CRect(0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)));
+    QTest::keyClick(Window().windowHandle(), Qt::Key_F2);
+    EXPECT_EQ(View().m_nMarks, 1);
+    WINDOWPLACEMENT placement;
+    Frame().GetWindowPlacement(&placement);
+    EXPECT_EQ(placement.rcNormalPosition.right - placement.rcNormalPosition.left, before.width());
+    Frame().ShowFullScreen(FALSE);
+    QApplication::processEvents();
+    EXPECT_FALSE(Frame().IsFullScreen());
+    EXPECT_TRUE(Window().menuBar()->isVisible());
+    EXPECT_TRUE(Frame().m_toolBar.IsWindowVisible());
+    EXPECT_FALSE(Frame().m_statusBar.IsWindowVisible());
+    EXPECT_EQ(Window().geometry(), before);
+}
+
+TEST_F(FrameTest, AMaximisedFrameIsMaximisedAfterFillingTheScreen) {
+    Frame().ShowWindow(SW_SHOWMAXIMIZED);
+    Frame().ShowFullScreen(TRUE);
+    Frame().ShowFullScreen(FALSE);
+    EXPECT_TRUE(Frame().IsZoomed());
+    Frame().ShowFullScreen(TRUE);
+    Frame().ShowWindow(SW_RESTORE); // by another way
+    EXPECT_FALSE(Frame().IsFullScreen());
+    EXPECT_TRUE(Window().menuBar()->isVisible());
 }
 
 TEST_F(FrameTest, ButtonsAndPanesFollowTheirHandlersWhenTheProgramIsIdle) {

@@ -1,6 +1,8 @@
 #include "tests/ui/Frames.h"
 
 #include <QAbstractButton>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QSettings>
 #include <filesystem>
 #include <stdexcept>
@@ -31,10 +33,12 @@ constexpr tessara::CMenuEntry VIEW_MENU[] = {{"&Mark\tF2", ID_MARK},   {"&Greyed
                                              {"&Deeper", DEEP_MENU}};
 constexpr tessara::CMenuEntry MAIN_MENU[] = {{"&File", FILE_MENU}, {"&View", VIEW_MENU}};
 constexpr tessara::CMenuResource MENUS[] = {{IDR_MAINFRAME, MAIN_MENU}};
-constexpr tessara::CAccelerator KEYS[] = {{FNONE, VK_F2, ID_MARK},
-                                          {FCONTROL | FSHIFT, 'M', ID_MARK},
-                                          {FNONE, VK_F3, ID_GREYED},
-                                          {FCONTROL, 'S', ID_FILE_SAVE}};
+constexpr tessara::CAccelerator KEYS[] = {
+    {FNONE, VK_F2, ID_MARK},           {FCONTROL | FSHIFT, 'M', ID_MARK}, {FNONE, VK_F3, ID_GREYED},
+    {FCONTROL, 'S', ID_FILE_SAVE},     {FCONTROL, VK_OEM_PLUS, ID_MARK},  {FCONTROL, VK_ADD, ID_MARK},
+    {FCONTROL, VK_OEM_MINUS, ID_MARK}, {FCONTROL, VK_SUBTRACT, ID_MARK},  {FCONTROL, '0', ID_MARK},
+    {FALT, VK_LEFT, ID_MARK},          {FALT, VK_RIGHT, ID_MARK},         {FNONE, VK_F10, ID_MARK},
+    {FNONE, VK_F11, ID_MARK},          {FNONE, VK_ESCAPE, ID_MARK}};
 constexpr tessara::CAcceleratorResource ACCELERATORS[] = {{IDR_MAINFRAME, KEYS}};
 constexpr std::string_view DOT = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 16 16">)"
                                  R"(<circle cx="8" cy="8" r="6" fill="currentColor"/></svg>)";
@@ -131,6 +135,12 @@ void CMarkView::OnLButtonUp(UINT, CPoint point) {
     m_last = point;
 }
 
+BOOL CMarkView::OnMouseWheel(UINT, short nDelta, CPoint point) {
+    m_nWheel = nDelta;
+    m_last = point;
+    return TRUE;
+}
+
 BEGIN_MESSAGE_MAP(CMarkView, CView)
 ON_COMMAND(ID_MARK, OnMark)
 ON_COMMAND(ID_GREYED, OnMark)
@@ -142,6 +152,8 @@ ON_COMMAND(ID_FILE_PRINT, OnFilePrint)
 ON_WM_SETCURSOR()
 ON_WM_MOUSEMOVE()
 ON_WM_LBUTTONUP()
+ON_WM_MOUSEWHEEL()
+ON_WM_KEYDOWN()
 END_MESSAGE_MAP()
 
 int CTestFrame::OnCreate(LPCREATESTRUCT pCreate) {
@@ -239,6 +251,14 @@ void WhenModal(const std::function<void(QWidget&)>& fnAct) {
         } else {
             WhenModal(fnAct);
         }
+    });
+}
+
+void AnswerPath(const CString& strPath) {
+    WhenModal([strPath](QWidget& modal) {
+        auto* const pName = dynamic_cast<QFileDialog&>(modal).findChild<QLineEdit*>("fileNameEdit");
+        pName->setText(QString(static_cast<const char*>(strPath)));
+        QTest::keyClick(pName, Qt::Key_Return);
     });
 }
 

@@ -55,6 +55,8 @@ public:
     bool m_bPrinted = false;
     HCURSOR m_hShape = nullptr;
     CPoint m_last; ///< of the last mouse message
+    short m_nWheel = 0;
+    std::vector<UINT> m_keys;
 
 protected:
     void OnDraw(CDC* pDC) override;
@@ -68,6 +70,8 @@ protected:
     BOOL OnSetCursor(CWnd* pWnd, UINT nHit, UINT nMessage);
     void OnMouseMove(UINT nFlags, CPoint point);
     void OnLButtonUp(UINT nFlags, CPoint point);
+    BOOL OnMouseWheel(UINT nFlags, short nDelta, CPoint point);
+    void OnKeyDown(UINT nKey, UINT, UINT) { m_keys.push_back(nKey); }
     DECLARE_MESSAGE_MAP()
 };
 
@@ -117,5 +121,7 @@ protected:
 QWidget& WidgetOf(const CWnd& wnd);
 /// Runs a function on the next modal dialog, as soon as that is there.
 void WhenModal(const std::function<void(QWidget&)>& fnAct);
+/// Types a path into the next file dialog and accepts it.
+void AnswerPath(const CString& strPath);
 /// Presses a button of the next message box; its text is kept.
 void Answer(QMessageBox::StandardButton eButton, QString* pText = nullptr);

@@ -42,6 +42,38 @@ TEST_F(PointerTest, ResourcesHaveShapesWithActivePoints) {
     EXPECT_EQ(WidgetOf(View()).cursor().hotSpot(), QPoint(11, 7));
 }
 
+TEST_F(PointerTest, TheLibraryHasShapesForReadingZoomingAndWhatCannotBeDone) {
+    const std::pair<UINT, QPoint> shapes[] = {{16386, {9, 9}}, {16387, {9, 9}}, {16389, {15, 15}}};
+    for (const auto& [nID, hotSpot] : shapes) {
+        View().m_hShape = LoadCursor(nID);
+        ASSERT_NE(View().m_hShape, nullptr) << nID;
+        Move(WidgetOf(View()), {50, 50});
+        const QCursor cursor = WidgetOf(View()).cursor();
+        EXPECT_EQ(cursor.hotSpot(), hotSpot) << nID;
+        EXPECT_EQ(cursor.pixmap().deviceIndependentSize(), QSizeF(32, 32)) << nID;
+    }
+}
+
+TEST_F(PointerTest, TheViewHearsOfMovesWithoutAButton) {
+    QTest::mouseMove(Window().windowHandle(), WidgetOf(View()).mapTo(&Window(), QPoint(70, 60)));
+    QApplication::processEvents();
+    const int nRatio = static_cast<int>(Window().devicePixelRatio());
+    EXPECT_EQ(View().m_last, (POINT{70 * nRatio, 60 * nRatio}));
+}
+
+TEST_F(PointerTest, TheWheelTellsItsSmallestStepsAndThePixelOnTheScreen) {
+    QWidget& widget = WidgetOf(View());
+    const QPointF at(70, 60);
+    QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, -15}, Qt::NoButton, Qt::ControlModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &event);
+    EXPECT_EQ(View().m_nWheel, -15);
+    CPoint point = View().m_last;
+    View().ScreenToClient(&point);
+    const int nRatio = static_cast<int>(Window().devicePixelRatio());
+    EXPECT_EQ(point, (POINT{70 * nRatio, 60 * nRatio}));
+}
+
 TEST_F(PointerTest, AConfinedPointerStaysInsideAndSoDoItsMessages) {
     QWidget& widget = WidgetOf(View());
     CRect area(40, 30, 140, 90);

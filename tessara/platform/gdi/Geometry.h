@@ -53,6 +53,8 @@ public:
     CRect() : tagRECT{0, 0, 0, 0} {}
     CRect(int nLeft, int nTop, int nRight, int nBottom) : tagRECT{nLeft, nTop, nRight, nBottom} {}
     CRect(const RECT& rect) : tagRECT(rect) {}
+    CRect(POINT topLeft, POINT bottomRight)
+        : tagRECT{topLeft.x, topLeft.y, bottomRight.x, bottomRight.y} {}
 
     int Width() const { return right - left; }
     int Height() const { return bottom - top; }

@@ -5,7 +5,10 @@
 #include <QFile>
 #include <QMimeData>
 #include <QScreen>
+#include <QStatusBar>
+#include <QToolBar>
 #include <QUrl>
+#include <utility>
 
 #include "tessara/platform/qt/MenuItems.h"
 #include "tessara/platform/qt/Pictures.h"
@@ -35,6 +38,44 @@ CFrameWidget::CFrameWidget(QWidget* pParent, Qt::WindowFlags flags) : QMainWindo
     centralWidget()->setMouseTracking(true);
     const QSize available = screen()->availableSize();
     resize((QSizeF(available) * DEFAULT_PART).toSize().boundedTo(MAX_DEFAULT));
+}
+
+void CFrameWidget::ShowFullScreen(bool bShow) {
+    const Qt::WindowStates eStates = windowState() & ~Qt::WindowMinimized;
+    setWindowState(bShow ? eStates | Qt::WindowFullScreen : eStates & ~Qt::WindowFullScreen);
+}
+
+void CFrameWidget::changeEvent(QEvent* pEvent) {
+    QMainWindow::changeEvent(pEvent);
+    if (pEvent->type() != QEvent::WindowStateChange || m_bFull == isFullScreen()) {
+        return;
+    }
+    m_bFull = isFullScreen();
+    if (m_bFull) {
+        HideBars();
+    } else {
+        BringBackBars();
+    }
+}
+
+void CFrameWidget::HideBars() {
+    QWidgetList bars{menuWidget(), findChild<QStatusBar*>(QString(), Qt::FindDirectChildrenOnly)};
+    const auto toolBars = findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly);
+    bars << QWidgetList(toolBars.begin(), toolBars.end());
+    for (QWidget* const pBar : bars) {
+        if (pBar && !pBar->isHidden()) {
+            pBar->hide();
+            m_hiddenBars << pBar;
+        }
+    }
+}
+
+void CFrameWidget::BringBackBars() {
+    for (const QPointer<QWidget>& pBar : std::exchange(m_hiddenBars, {})) {
+        if (pBar) {
+            pBar->show();
+        }
+    }
 }
 
 void CFrameWidget::dragEnterEvent(QDragEnterEvent* pEvent) {
@@ -109,6 +150,18 @@ UINT HeldAcceleratorKeys() {
 }
 
 } // namespace tessara
+
+void CFrameWnd::ShowFullScreen(BOOL bShow) {
+    tessara::OnWidget<tessara::CFrameWidget>(*this, [&](tessara::CFrameWidget& frame) {
+        const tessara::CPeer::CEventScope scope;
+        frame.ShowFullScreen(bShow != 0);
+    });
+}
+
+BOOL CFrameWnd::IsFullScreen() const {
+    return tessara::OnPeer(*this,
+                           [](tessara::CPeer& peer) -> BOOL { return peer.GetWidget().isFullScreen(); });
+}
 
 void CWnd::DragAcceptFiles(BOOL bAccept) {
     tessara::OnPeer(*this, [&](tessara::CPeer& peer) { peer.GetWidget().setAcceptDrops(bAccept != 0); });

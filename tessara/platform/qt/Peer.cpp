@@ -239,7 +239,7 @@ bool CPeer::OnKey(const QKeyEvent& event, bool bDown) {
     if (CameFromChild()) {
         return false; // the window with the focus was asked, and those around it with it
     }
-    const UINT nKey = ToVirtualKey(event.key());
+    const UINT nKey = ToVirtualKey(event.key(), event.modifiers());
     const MSG message{m_hWnd, bDown ? WM_KEYDOWN : WM_KEYUP, nKey, MAKELPARAM(std::max(1, event.count()), 0)};
     const auto record = FindWindow(m_hWnd);
     if (!record || nKey == 0) {

@@ -137,8 +137,8 @@ void OnSignal(CPeer& peer, SENDER* pSender, SIGNAL pSignal, FUNCTION fnSlot) {
     });
 }
 
-/// The window number of a key, or 0.
-UINT ToVirtualKey(int nQtKey);
+/// The window number of a key that is pressed with these modifiers, or 0.
+UINT ToVirtualKey(int nQtKey, Qt::KeyboardModifiers eModifiers);
 
 /// Makes the main thread's pump, if there is none yet. Main thread.
 void EnsureMainPump();

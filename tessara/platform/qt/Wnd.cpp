@@ -224,10 +224,9 @@ BOOL CWnd::GetWindowPlacement(WINDOWPLACEMENT* pPlacement) const {
     return OnPeer(*this, [&](CPeer& peer) -> BOOL {
         const QWidget& widget = peer.GetWidget();
         *pPlacement = {sizeof *pPlacement, 0, tessara::ShowCommandOf(widget), {-1, -1}, {-1, -1}, {}};
-        pPlacement->rcNormalPosition = tessara::ToPixels(widget.isMaximized() || widget.isMinimized()
-                                                             ? widget.normalGeometry()
-                                                             : QRect(widget.pos(), widget.size()),
-                                                         peer.GetRatio());
+        const bool bNormal = (widget.windowState() & ~Qt::WindowActive) == Qt::WindowNoState;
+        pPlacement->rcNormalPosition = tessara::ToPixels(
+            bNormal ? QRect(widget.pos(), widget.size()) : widget.normalGeometry(), peer.GetRatio());
         return TRUE;
     });
 }

@@ -45,5 +45,6 @@ enum StandardText : UINT {
     AFX_IDP_FAILED_TO_OPEN_DOC = 0xF101,
     AFX_IDP_FAILED_TO_SAVE_DOC = 0xF102,
     AFX_IDP_ASK_TO_SAVE = 0xF103,
-    AFX_IDP_FAILED_TO_CREATE_DOC = 0xF104
+    AFX_IDP_FAILED_TO_CREATE_DOC = 0xF104,
+    AFX_IDP_ASK_TO_REPLACE = 0xF105 ///< with the file's name in place of %s
 };

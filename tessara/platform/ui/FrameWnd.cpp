@@ -28,6 +28,18 @@ public:
     }
 };
 
+const tessara::CAccelerator* FindAccelerator(const tessara::CAcceleratorResource& resource, UINT nKey,
+                                             UINT nKeys) {
+    for (const tessara::CAccelerator& accelerator : resource.accelerators) {
+        if (accelerator.nKey == nKey && accelerator.nKeys == nKeys) {
+            return &accelerator;
+        }
+    }
+    // On many keyboards a plus is typed with Shift, which the user does not take for a part of the
+    // accelerator.
+    return nKey == VK_OEM_PLUS && nKeys & FSHIFT ? FindAccelerator(resource, nKey, nKeys & ~FSHIFT) : nullptr;
+}
+
 } // namespace
 
 CFrameWnd::~CFrameWnd() = default;
@@ -247,12 +259,11 @@ void CFrameWnd::RunAccelerator(UINT nCommand) {
 
 BOOL CFrameWnd::PreTranslateMessage(MSG* pMsg) {
     if (pMsg->message == WM_KEYDOWN && m_pAccelerators && !tessara::IsBlocked(m_hWnd)) {
-        const UINT nKeys = tessara::HeldAcceleratorKeys();
-        for (const tessara::CAccelerator& accelerator : m_pAccelerators->accelerators) {
-            if (accelerator.nKey == pMsg->wParam && accelerator.nKeys == nKeys) {
-                RunAccelerator(accelerator.nCommand);
-                return TRUE;
-            }
+        const auto* const pAccelerator = FindAccelerator(*m_pAccelerators, static_cast<UINT>(pMsg->wParam),
+                                                         tessara::HeldAcceleratorKeys());
+        if (pAccelerator) {
+            RunAccelerator(pAccelerator->nCommand);
+            return TRUE;
         }
     }
     return CWnd::PreTranslateMessage(pMsg);

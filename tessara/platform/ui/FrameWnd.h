@@ -65,6 +65,10 @@ public:
     void SetMessageText(const char* pszText);
     void SetMessageText(UINT nID);
     void ShowControlBar(CWnd* pBar, BOOL bShow, BOOL bDelay);
+    /// Lets the view fill the screen, without menu, toolbar and status bar, or brings back these bars and the
+    /// window as they were. Accelerators work all the while.
+    void ShowFullScreen(BOOL bShow);
+    BOOL IsFullScreen() const;
     /// Asks what the buttons and panes look like. Called when the program is idle.
     void UpdateControls();
 

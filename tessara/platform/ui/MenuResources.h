@@ -53,7 +53,7 @@ struct CMenuResource {
 };
 
 struct CAccelerator {
-    UINT nKeys; ///< AcceleratorKeys, exactly
+    UINT nKeys; ///< AcceleratorKeys, exactly; a Shift that types VK_OEM_PLUS does not count
     UINT nKey;  ///< a VirtualKey, a capital letter or a digit
     UINT nCommand;
 };

@@ -41,7 +41,7 @@ enum WindowMessage : UINT {
     WM_RBUTTONUP = 0x0205,
     WM_MBUTTONDOWN = 0x0207,
     WM_MBUTTONUP = 0x0208,
-    WM_MOUSEWHEEL = 0x020A,
+    WM_MOUSEWHEEL = 0x020A, ///< the point is on the screen, unlike that of the others
     WM_MOUSELEAVE = 0x02A3,
     WM_USER = 0x0400
 };
@@ -61,7 +61,7 @@ enum MouseKey : UINT {
     MK_MBUTTON = 0x10
 };
 
-constexpr int WHEEL_DELTA = 120; ///< one step of the wheel
+constexpr int WHEEL_DELTA = 120; ///< one step of the wheel; smooth wheels tell smaller ones
 
 /// Where the pointer is, for WM_SETCURSOR.
 enum HitTest : UINT { HTERROR = 0xFFFE, HTNOWHERE = 0, HTCLIENT = 1, HTCAPTION = 2 };

@@ -19,6 +19,7 @@ constexpr CStringResource STANDARD[] = {
     {AFX_IDP_FAILED_TO_SAVE_DOC, "The document could not be saved."},
     {AFX_IDP_ASK_TO_SAVE, "Save the changes to %s?"},
     {AFX_IDP_FAILED_TO_CREATE_DOC, "A new document could not be made."},
+    {AFX_IDP_ASK_TO_REPLACE, "%s already exists. Replace it?"},
     {ID_FILE_NEW, "Starts a new document\nNew"},
     {ID_FILE_OPEN, "Opens a document\nOpen"},
     {ID_FILE_CLOSE, "Closes the document\nClose"},

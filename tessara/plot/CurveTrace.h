@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "tessara/numeric/MultipartCurve.h"
-#include "tessara/phasediagram/ZoomWindow.h"
 #include "tessara/plot/DataRange.h"
 #include "tessara/plot/PlotMap.h"
+#include "tessara/plot/ZoomWindow.h"
 
 namespace tessara {
 

@@ -1,4 +1,4 @@
-#include "tessara/phasediagram/CurveTrace.h"
+#include "tessara/plot/CurveTrace.h"
 
 #include <algorithm>
 #include <bit>

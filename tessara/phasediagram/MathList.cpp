@@ -1,0 +1,3 @@
+#include "tessara/phasediagram/MathList.h"
+
+IMPLEMENT_DYNCREATE(CMathList, CListBox)

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "tessara/platform/ui/ListBox.h"
+
+/// A list of indexed text whose parent draws and measures the items.
+class TESSARA_API CMathList : public CListBox {
+    DECLARE_DYNCREATE(CMathList)
+
+public:
+    void DrawItem(LPDRAWITEMSTRUCT) override {}
+    void MeasureItem(LPMEASUREITEMSTRUCT) override {}
+};
