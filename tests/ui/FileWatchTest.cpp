@@ -95,15 +95,6 @@ TEST_F(FileWatchTest, AMissingFileIsWaitedFor) {
     EXPECT_TRUE(ComesTo(m_listener.m_nOther, 1));
 }
 
-TEST_F(FileWatchTest, ABusyFolderDoesNotKeepTheMessageBack) {
-    int nFiles = 0;
-    QTimer busy;
-    QObject::connect(&busy, &QTimer::timeout, [&] { Write(std::to_string(++nFiles).c_str(), ""); });
-    busy.start(20);
-    Write(FILE, "written in place");
-    EXPECT_TRUE(ComesTo(m_listener.m_nWatched, 1));
-}
-
 TEST_F(FileWatchTest, AFileThatNeverRestsIsToldOfAllTheSame) {
     QTimer writer;
     QObject::connect(&writer, &QTimer::timeout,

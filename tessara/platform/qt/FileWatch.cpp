@@ -74,8 +74,8 @@ CFileWatch::CBody::CBody(const QString& strPath, HWND hWnd, UINT nMessage)
 /// The watcher holds on to the file that had the name when it was told of it, as long as that has another
 /// name or a reader.
 void CFileWatch::CBody::WatchAnew() {
-
-    if (!m_watcher.files().contains(m_strPath) && QFileInfo::exists(m_strPath)) {
+    m_watcher.removePath(m_strPath);
+    if (QFileInfo::exists(m_strPath)) {
         m_watcher.addPath(m_strPath);
     }
 }
