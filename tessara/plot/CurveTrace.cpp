@@ -2,14 +2,17 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdlib>
 
 #include "tessara/numeric/Zoom.h"
+#include "tessara/platform/gdi/PolylineReduction.h"
 
 namespace tessara {
 
 namespace {
 
 constexpr int SAMPLES = 4096;
+constexpr LONG JOIN_REACH = 3; ///< page units: a quarter of a curve's width, whose round ends cover it
 
 /// A hash of numbers in their order (Fowler, Noll and Vo's, by words).
 class CHash {
@@ -89,6 +92,20 @@ const CDataRange& CCurveTrace::GetRangeY() {
     return GetRange(m_rangeY, &CMultipartCurve::m_pY);
 }
 
+void CCurveTrace::AddRun(int nColor, std::span<const POINT> points) {
+    if (m_pZoomed && !m_runs.empty()) {
+        CRun& last = m_runs.back();
+        const POINT end = last.points.back();
+        const POINT start = points.front();
+        if (last.nColor == nColor && std::abs(end.x - start.x) <= JOIN_REACH &&
+            std::abs(end.y - start.y) <= JOIN_REACH) {
+            last.points.insert(last.points.end(), points.begin(), points.end());
+            return;
+        }
+    }
+    m_runs.push_back({nColor, {points.begin(), points.end()}});
+}
+
 std::span<const CCurveTrace::CRun> CCurveTrace::GetRuns(const CPlotMap& map) {
     if (m_map == map) {
         return m_runs;
@@ -100,9 +117,12 @@ std::span<const CCurveTrace::CRun> CCurveTrace::GetRuns(const CPlotMap& map) {
     for (int i = 0; pShown && i < pShown->m_nParts; ++i) {
         const CCurvePartInfo& part = pShown->m_pParts[i];
         MapPolyline(map, pShown->m_pX + part.nFirst, pShown->m_pY + part.nFirst, part.nPoints, buffer,
-                    [&](std::span<POINT> points) {
-                        m_runs.push_back({part.nColor, {points.begin(), points.end()}});
-                    });
+                    [&](std::span<POINT> points) { AddRun(part.nColor, points); });
+    }
+    if (m_pZoomed) {
+        for (CRun& run : m_runs) {
+            run.points.resize(MergeColumns(run.points));
+        }
     }
     m_map = map;
     return m_runs;

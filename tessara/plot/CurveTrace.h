@@ -36,7 +36,9 @@ public:
     /// The finite abscissae and ordinates of what is shown.
     const CDataRange& GetRangeX();
     const CDataRange& GetRangeY();
-    /// The runs under a map, thinned as MapPolyline does.
+    /// The runs under a map, thinned as MapPolyline does. Pieces of a zoomed curve that follow each other
+    /// where it left the window are one run: a curve that goes in and out in every column has thousands of
+    /// them.
     std::span<const CRun> GetRuns(const CPlotMap& map);
     void Forget();
 
@@ -50,6 +52,7 @@ private:
         friend bool operator==(const CSignature&, const CSignature&) = default;
     };
     static CSignature Sign(const CMultipartCurve& curve);
+    void AddRun(int nColor, std::span<const POINT> points);
     const CDataRange& GetRange(std::optional<CDataRange>& range, double* CMultipartCurve::*pValues);
 
     CMultipartCurve* m_pCurve = nullptr; ///< null as well when nothing of it lies in the window
