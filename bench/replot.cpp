@@ -1,12 +1,12 @@
-// Replots the curves of diagram.cpp with QCustomPlot on a widget of the same size: graphs with adaptive
-// sampling, nothing antialiased, lines one pixel wide.
+// Replots the curves of diagram.cpp and interaction.cpp with QCustomPlot on widgets of the same sizes: graphs
+// with adaptive sampling, nothing antialiased, lines one pixel wide.
 
 #include <QApplication>
 
 #include <benchmark/benchmark.h>
 #include <qcustomplot.h>
 
-#include "bench/DiagramSamples.h"
+#include "bench/Interaction.h"
 
 namespace {
 
@@ -71,6 +71,56 @@ void FirstReplot(benchmark::State& state, bool bNoisy) {
     }
 }
 
+/// The plot of the one curve of interaction.cpp.
+class CCurvePlot {
+public:
+    explicit CCurvePlot(bool bNoisy) : m_sample(MakeDiagramSample(INTERACTION_POINTS, bNoisy)) {
+        m_plot.resize(INTERACTION_WIDTH, INTERACTION_HEIGHT);
+        m_plot.setNotAntialiasedElements(QCP::aeAll);
+        AddCurve(m_plot, Qt::red)->setData(ToQt(m_sample.x), ToQt(m_sample.cloudY), true);
+        Show(m_whole);
+    }
+
+    void Show(const tessara::CZoomWindow& window) {
+        m_plot.xAxis->setRange(window.dXMin, window.dXMax);
+        m_plot.yAxis->setRange(window.dYMin, window.dYMax);
+        m_plot.replot(QCustomPlot::rpImmediateRefresh);
+    }
+
+    CDiagramSample m_sample;
+    CWheel m_wheel{m_sample};
+    const tessara::CZoomWindow m_whole = m_wheel.GetWhole();
+
+private:
+    QCustomPlot m_plot;
+};
+
+template <bool NOISY>
+CCurvePlot& CurvePlot() {
+    static auto* const s_pPlot = new CCurvePlot(NOISY);
+    return *s_pPlot;
+}
+
+template <bool NOISY>
+void ReplotWhole(benchmark::State& state) {
+    CCurvePlot& plot = CurvePlot<NOISY>();
+    for (auto _ : state) {
+        plot.Show(plot.m_whole);
+    }
+}
+
+template <bool NOISY>
+void Zoom(benchmark::State& state) {
+    CCurvePlot& plot = CurvePlot<NOISY>();
+    for (auto _ : state) {
+        plot.Show(plot.m_wheel.Turn());
+    }
+}
+
+BENCHMARK(ReplotWhole<false>)->Name("ReplotSmooth/QCustomPlot")->Apply(EachAnswer);
+BENCHMARK(ReplotWhole<true>)->Name("ReplotNoisy/QCustomPlot")->Apply(EachAnswer);
+BENCHMARK(Zoom<false>)->Name("ReplotZoomSmooth/QCustomPlot")->Apply(EachAnswer);
+BENCHMARK(Zoom<true>)->Name("ReplotZoomNoisy/QCustomPlot")->Apply(EachAnswer);
 BENCHMARK_CAPTURE(Replot, smooth, false)->Name("DiagramSmooth/QCustomPlot")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Replot, noisy, true)->Name("DiagramNoisy/QCustomPlot")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(FirstReplot, smooth, false)

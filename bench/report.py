@@ -33,17 +33,32 @@ WORKS = [
     ("NewDiagramSmooth", "painting them with new data, smooth", None),
     ("NewDiagramNoisy", "painting them with new data, noisy", None),
 ]
+# Answer, what it is, the milliseconds to keep to, and the replot of the peer beside it.
+ANSWERS = [
+    ("CurveMoveSmooth", "curve plot, smooth: pointer moves", 16, "ReplotSmooth"),
+    ("CurveMoveNoisy", "curve plot, noisy: pointer moves", 16, "ReplotNoisy"),
+    ("CurveReadOutSmooth", "curve plot, smooth: pointer moves and is read out", 16, "ReplotSmooth"),
+    ("CurveReadOutNoisy", "curve plot, noisy: pointer moves and is read out", 16, "ReplotNoisy"),
+    ("CurveZoomSmooth", "curve plot, smooth: wheel zooms", 50, "ReplotZoomSmooth"),
+    ("CurveZoomNoisy", "curve plot, noisy: wheel zooms", 50, "ReplotZoomNoisy"),
+    ("DiagramMoveSmooth", "phase diagram, smooth: pointer moves", 16, "ReplotSmooth"),
+    ("DiagramMoveNoisy", "phase diagram, noisy: pointer moves", 16, "ReplotNoisy"),
+    ("DiagramReadOutSmooth", "phase diagram, smooth: pointer moves and is read out", 16, "ReplotSmooth"),
+    ("DiagramReadOutNoisy", "phase diagram, noisy: pointer moves and is read out", 16, "ReplotNoisy"),
+    ("DiagramZoomSmooth", "phase diagram, smooth: wheel zooms", 50, "ReplotZoomSmooth"),
+    ("DiagramZoomNoisy", "phase diagram, noisy: wheel zooms", 50, "ReplotZoomNoisy"),
+]
 GROWTH = "SelfCrossingsGrowth"
 GROWTH_LIMIT = 1.3
 MICROSECONDS = {"ns": 1e-3, "us": 1.0, "ms": 1e3, "s": 1e6}
 
 
-def read_medians(folder):
-    """The median processor time in microseconds of every work and peer."""
+def read_times(folder, aggregate="median"):
+    """The median, or another aggregate, of the processor time in microseconds of every work and peer."""
     medians = {}
     for path in sorted(folder.glob("*.json")):
         for run in json.loads(path.read_text())["benchmarks"]:
-            if run.get("aggregate_name") == "median":
+            if run.get("aggregate_name") == aggregate:
                 work, peer = run["run_name"].split("/")[:2]
                 medians.setdefault(work, {})[peer] = run["cpu_time"] * MICROSECONDS[run["time_unit"]]
     return medians
@@ -71,11 +86,25 @@ def ratio_table(medians):
     rows = ["| work | Tessara | best peer | ratio | at most | reached | other peers |",
             "|---|---|---|---|---|---|---|"]
     known = {work: (name, target) for work, name, target in WORKS}
-    order = [work for work, _, _ in WORKS] + sorted(set(medians) - set(known) - {GROWTH})
+    answers = {work for work, _, _, _ in ANSWERS}
+    order = [work for work, _, _ in WORKS] + sorted(set(medians) - set(known) - answers - {GROWTH})
     for work in order:
         if len(medians.get(work, {})) > 1 and "tessara" in medians[work]:
             name, target = known.get(work, (work, None))
             rows.append(ratio_row(name, target, medians[work]))
+    return "\n".join(rows)
+
+
+def answer_table(medians, longest):
+    rows = ["| answer | median, ms | longest, ms | at most, ms | reached | QCustomPlot's replot, ms | ratio |",
+            "|---|---|---|---|---|---|---|"]
+    for work, name, limit, replot in ANSWERS:
+        own, peer = (medians.get(of, {}).get(who) for of, who in ((work, "tessara"), (replot, "QCustomPlot")))
+        if own is None or peer is None:
+            continue
+        verdict = "yes" if own <= limit * 1e3 else "**no**"
+        rows.append(f"| {name} | {own / 1e3:.3g} | {longest[work]['tessara'] / 1e3:.3g} | {limit} | {verdict} | "
+                    f"{peer / 1e3:.3g} | {own / peer:.2g} |")
     return "\n".join(rows)
 
 
@@ -105,8 +134,9 @@ def machine():
 
 
 def main(results, page):
-    medians = read_medians(pathlib.Path(results))
+    medians = read_times(pathlib.Path(results))
     table = ratio_table(medians)
+    answers = answer_table(medians, read_times(pathlib.Path(results), "max"))
     growth = growth_table(medians.get(GROWTH, {}))
     notes = pathlib.Path(__file__).with_name("performance-notes.md").read_text()
     pathlib.Path(page).write_text(f"""# Performance
@@ -115,6 +145,10 @@ Written by `bench/report.sh`. Times are medians of processor time, each work bes
 ratio is that to the best peer. What counts is the ratio: times depend on the machine and on what else it does.
 
 {table}
+
+## Answers to the pointer and the wheel, 1e6 points
+
+{answers}
 
 ## Growth: self-crossings of a smooth curve
 
@@ -125,7 +159,7 @@ ratio is that to the best peer. What counts is the ratio: times depend on the ma
 {machine()}
 
 {notes}""")
-    print(table, growth, machine(), sep="\n\n")
+    print(table, answers, growth, machine(), sep="\n\n")
 
 
 if __name__ == "__main__":

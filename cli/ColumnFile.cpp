@@ -33,6 +33,17 @@ CColumnFile CColumnFile::Parse(std::string_view strText, const std::string& strN
     return CColumnParser(strText, strName, format).Parse();
 }
 
+CColumnFile CColumnFile::FromColumns(const std::string& strName, COLUMN abscissa,
+                                     std::vector<COLUMN> functions) {
+    CColumnFile file;
+    file.m_strName = strName;
+    file.m_Lines.resize(abscissa.m_Values.size());
+    std::iota(file.m_Lines.begin(), file.m_Lines.end(), 1);
+    file.m_Abscissa = std::move(abscissa);
+    file.m_Functions = std::move(functions);
+    return file;
+}
+
 void CColumnFile::CheckAscending() const {
     const std::vector<double>& x = m_Abscissa.m_Values;
     const auto end = std::is_sorted_until(x.begin(), x.end());

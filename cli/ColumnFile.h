@@ -40,6 +40,9 @@ public:
     /// The same for a text in memory; strName stands for the file in messages.
     static CColumnFile Parse(std::string_view strText, const std::string& strName,
                              const COLUMNFORMAT& format);
+    /// Columns that come from no file; row i counts as line i + 1. All have the same length.
+    static CColumnFile FromColumns(const std::string& strName, COLUMN abscissa,
+                                   std::vector<COLUMN> functions);
 
     const std::string& GetName() const { return m_strName; }
     int GetNumRows() const { return static_cast<int>(m_Lines.size()); }

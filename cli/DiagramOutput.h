@@ -11,6 +11,9 @@ class CDiagramOutput : public CPhaseDiagramOutput {
 public:
     explicit CDiagramOutput(const DIAGRAM& diagram);
 
+protected:
+    const CDiagramData& GetData() const { return m_Data; }
+
 private:
     void SetTexts(const DIAGRAM& diagram);
     void SetRegion(const DIAGRAM& diagram);

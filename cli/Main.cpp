@@ -5,6 +5,7 @@
 #include "cli/DiagramCommand.h"
 #include "cli/PlotCommand.h"
 #include "cli/Program.h"
+#include "cli/ViewCommand.h"
 #include "tessara/platform/base/Exception.h"
 
 namespace {
@@ -17,27 +18,35 @@ CLI::App* AddSubcommand(CLI::App& app, const char* pszName, const char* pszHelp)
     return pCommand;
 }
 
-int Run(int argc, char** argv) {
+int Run(int argc, char** argv, const tessara::CDisplay& display) {
     CLI::App app("Draws plots for polymer-solution thermodynamics", "tessara");
     app.set_version_flag("--version", VERSION_LINE);
-    app.footer("`tessara plot --help` and `tessara diagram --help` show the options and examples.");
+    app.footer(
+        "`tessara plot --help`, `tessara diagram --help` and `tessara view --help` show the options and "
+        "examples.");
     tessara::PLOTOPTIONS plotOptions;
     tessara::DIAGRAMOPTIONS diagramOptions;
     CLI::App* pPlot = AddSubcommand(app, "plot", "Draw files of columns as a picture");
     tessara::DeclarePlotOptions(*pPlot, plotOptions);
     CLI::App* pDiagram = AddSubcommand(app, "diagram", "Draw a phase diagram from a diagram file");
     tessara::DeclareDiagramOptions(*pDiagram, diagramOptions);
+    tessara::VIEWOPTIONS viewOptions;
+    CLI::App* pView = AddSubcommand(app, "view", "Show a file of columns or a diagram file in a window");
+    tessara::DeclareViewOptions(*pView, viewOptions);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& answer) {
         return app.exit(answer);
+    }
+    if (*pView) {
+        return tessara::RunView(viewOptions, display, VERSION_LINE);
     }
     if (*pPlot) {
         tessara::RunPlot(plotOptions);
     } else if (*pDiagram) {
         tessara::RunDiagram(diagramOptions);
     } else {
-        throw CException("a subcommand is required: tessara plot or tessara diagram");
+        throw CException("a subcommand is required: tessara plot, tessara diagram or tessara view");
     }
     return EXIT_SUCCESS;
 }
@@ -45,5 +54,6 @@ int Run(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    return tessara::RunProgram("tessara", [&] { return Run(argc, argv); });
+    const tessara::CDisplay display; // before the environment is set for pictures
+    return tessara::RunProgram("tessara", [&] { return Run(argc, argv, display); });
 }

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "cli/AxisTitle.h"
+#include "cli/CurveGrid.h"
 #include "cli/CurveParts.h"
 #include "cli/InputError.h"
 
@@ -46,12 +47,16 @@ std::vector<CURVESOURCE> CollectCurves(const std::vector<CColumnFile>& files) {
     return curves;
 }
 
-/// True when the curves are columns over the same abscissae, without gaps, and lie in the window.
-bool FitOneGrid(const std::vector<CURVESOURCE>& curves, const PLOTWINDOW& window) {
-    const std::vector<double>& x = curves.front().x;
+bool HaveOneGrid(const std::vector<CURVESOURCE>& curves) {
+    return std::all_of(curves.begin(), curves.end(),
+                       [&](const CURVESOURCE& curve) { return curve.x == curves.front().x; });
+}
+
+/// True for curves over one grid that have no gaps and lie in the window.
+bool AreWhole(const std::vector<CURVESOURCE>& curves, const PLOTWINDOW& window) {
     return std::all_of(curves.begin(), curves.end(), [&](const CURVESOURCE& curve) {
-        return curve.x == x && std::equal(x.begin(), x.end(), curve.y.begin(),
-                                          [&](double dX, double dY) { return window.Contains(dX, dY); });
+        return std::equal(curve.x.begin(), curve.x.end(), curve.y.begin(),
+                          [&](double dX, double dY) { return window.Contains(dX, dY); });
     });
 }
 
@@ -64,6 +69,15 @@ std::unique_ptr<CMultiCurve> MakeMultiCurve(const std::vector<CURVESOURCE>& curv
         std::copy(curves[i].y.begin(), curves[i].y.end(), pCurve->m_ppY[i]);
     }
     return pCurve;
+}
+
+std::unique_ptr<CMultiCurve> MakeGrid(const std::vector<CURVESOURCE>& curves, const PLOTWINDOW& window) {
+    std::vector<const std::vector<double>*> columns;
+    columns.reserve(curves.size());
+    for (const CURVESOURCE& curve : curves) {
+        columns.push_back(&curve.y);
+    }
+    return MakeCurveGrid(curves.front().x, columns, window);
 }
 
 std::unique_ptr<CMultipartCurve> MakeMultipartCurve(const std::vector<CURVESOURCE>& curves,
@@ -126,15 +140,18 @@ std::unique_ptr<CMultipartCurve> MakeFrame(const CMultiCurve& symbols) {
 } // namespace
 
 CPlotData::CPlotData(const std::vector<CColumnFile>& curves, const std::optional<CColumnFile>& symbols,
-                     const PLOTWINDOW& window) {
+                     const PLOTWINDOW& window, PlotGaps gaps) {
     const std::vector<CURVESOURCE> sources = CollectCurves(curves);
     m_nCurves = static_cast<int>(sources.size());
     if (symbols) {
         CheckSymbols(*symbols);
         m_pSymbols = MakeSymbols(*symbols, window);
     }
-    if (!sources.empty() && FitOneGrid(sources, window)) {
+    const bool bOneGrid = !sources.empty() && HaveOneGrid(sources);
+    if (bOneGrid && AreWhole(sources, window)) {
         m_pMultiCurve = MakeMultiCurve(sources);
+    } else if (bOneGrid && gaps == PlotGaps::Stay) {
+        m_pMultiCurve = MakeGrid(sources, window);
     } else {
         m_pMultipartCurve = MakeMultipartCurve(sources, window);
     }

@@ -15,17 +15,23 @@ namespace tessara {
 inline constexpr int MAX_CURVES = 6;  ///< as many as there are colours
 inline constexpr int MAX_SYMBOLS = 2; ///< squares and circles
 
+/// What becomes of columns over the same abscissae that have gaps, or of which the window shows a part.
+enum class PlotGaps {
+    EndParts, ///< each column becomes parts of a multipart curve
+    Stay      ///< they stay one multi-curve, from which values can be read out; see MakeCurveGrid
+};
+
 /// What a plot shows, made from the columns of files: curves and, over them, marker points.
 ///
 /// Columns over the same abscissae and without gaps are one multi-curve. Otherwise the curves are the parts
-/// of one multipart curve, column i in colour i; a gap ends a part. Without curves the multipart curve has no
-/// parts and holds the marker points, so that the axes reach over them. Errors are thrown as CInputError that
-/// names the file.
+/// of one multipart curve, column i in colour i; a gap ends a part (but see PlotGaps). Without curves the
+/// multipart curve has no parts and holds the marker points, so that the axes reach over them. Errors are
+/// thrown as CInputError that names the file.
 class CPlotData {
 public:
     /// REQUIRES: there is a file of curves or one of symbols. The abscissae of curves must ascend.
     CPlotData(const std::vector<CColumnFile>& curves, const std::optional<CColumnFile>& symbols,
-              const PLOTWINDOW& window = {});
+              const PLOTWINDOW& window = {}, PlotGaps gaps = PlotGaps::EndParts);
 
     /// Exactly one of the two is not null.
     CMultiCurve* GetMultiCurve() const { return m_pMultiCurve.get(); }

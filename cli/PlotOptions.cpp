@@ -22,13 +22,7 @@ Examples:
 void DeclareInput(CLI::App& command, PLOTOPTIONS& options) {
     command.add_option("FILE", options.files, "files of columns; none are needed with --symbols");
     DeclareOutput(command, options);
-    command
-        .add_option("--columns", options.columns,
-                    "columns to draw, the abscissa first: numbers from 1, or names from the header")
-        ->option_text("A,B,...");
-    command.add_option("--delimiter", options.delimiter,
-                       "tab, comma, semicolon or space (detected otherwise)");
-    command.add_flag("--sort", options.bSort, "sort the rows of each file by the abscissa");
+    DeclareColumns(command, options);
     command.add_option("--symbols", options.symbols, "file drawn as markers: squares, second column circles")
         ->option_text("FILE");
     command.add_option("--symbols-columns", options.symbolsColumns, "columns of the file of markers")
@@ -60,6 +54,16 @@ void DeclareLook(CLI::App& command, PLOTOPTIONS& options) {
 }
 
 } // namespace
+
+void DeclareColumns(CLI::App& command, COLUMNOPTIONS& options) {
+    command
+        .add_option("--columns", options.columns,
+                    "columns to draw, the abscissa first: numbers from 1, or names from the header")
+        ->option_text("A,B,...");
+    command.add_option("--delimiter", options.delimiter,
+                       "tab, comma, semicolon or space (detected otherwise)");
+    command.add_flag("--sort", options.bSort, "sort the rows of each file by the abscissa");
+}
 
 void DeclarePlotOptions(CLI::App& command, PLOTOPTIONS& options) {
     DeclareInput(command, options);

@@ -8,13 +8,17 @@
 
 namespace tessara {
 
-/// What the user asks `tessara plot` for, as written; checked when it is used.
-struct PLOTOPTIONS : PICTUREOPTIONS {
-    std::vector<std::string> files;
-
+/// How files of columns are read, as written; checked when it is used.
+struct COLUMNOPTIONS {
     std::optional<std::string> columns;
     std::optional<std::string> delimiter;
     bool bSort = false;
+};
+
+/// What the user asks `tessara plot` for, as written; checked when it is used.
+struct PLOTOPTIONS : PICTUREOPTIONS, COLUMNOPTIONS {
+    std::vector<std::string> files;
+
     std::optional<std::string> symbols;
     std::optional<std::string> symbolsColumns;
 
@@ -27,6 +31,9 @@ struct PLOTOPTIONS : PICTUREOPTIONS {
     std::string strFit;
     bool bDiagonal = false;
 };
+
+/// Gives a subcommand the options that say how files of columns are read.
+void DeclareColumns(CLI::App& command, COLUMNOPTIONS& options);
 
 /// Gives the subcommand its options, which fill `options` when the command line is parsed.
 void DeclarePlotOptions(CLI::App& command, PLOTOPTIONS& options);

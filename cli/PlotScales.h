@@ -14,6 +14,9 @@ class CPlotScales {
 public:
     /// Throws CException for what is no scale, and for an axis that has a scale and is to be fitted too.
     explicit CPlotScales(const PLOTOPTIONS& options);
+    CPlotScales() = default;
+    CPlotScales(const std::optional<AXISSCALE>& x, const std::optional<AXISSCALE>& y)
+        : m_XScale(x), m_YScale(y) {}
 
     /// Scales given by hand show a part of the data.
     PLOTWINDOW GetWindow() const;
@@ -23,7 +26,7 @@ public:
 private:
     std::optional<AXISSCALE> m_XScale;
     std::optional<AXISSCALE> m_YScale;
-    int m_nFitAxes; ///< axes as the plot numbers them
+    int m_nFitAxes = 0; ///< axes as the plot numbers them
 };
 
 } // namespace tessara

@@ -129,7 +129,8 @@ void COutputCurve::DrawGrids(const CCanvas& canvas, const CPlotArea& area) {
     const CSelection labels(canvas, font);
     DrawLegendRows(canvas, area, static_cast<CMetaFileDC*>(canvas.GetPicture()));
     tessara::DrawHorizontalGrid(canvas, area, m_ArgumentScale);
-    tessara::DrawVerticalGrid(canvas, area, m_FunctionScale, tessara::TickChoice::all);
+    tessara::DrawVerticalGrid(canvas, area, m_FunctionScale,
+                              m_bZoomed ? tessara::TickChoice::onAxis : tessara::TickChoice::all);
 }
 
 void COutputCurve::DrawDiagonal(const CCanvas& canvas, const CPlotArea& area) {

@@ -55,7 +55,7 @@ void CPointReadOut::SetValues(double dX, double dY, EPointReadOut eReadOut,
     ShowLines(m_lines);
 }
 
-/// The section has values for every one of its columns; a table of two has no further one to show.
+/// A section may have no further column, or no value there.
 void CPointReadOut::AddNearestValue(double dX, double dY, const CPointReadOutSource& source) {
     CMultipartTable* const pSection = source.pBinodalSection;
     if (!pSection || pSection->m_nDimensions <= VALUE_COLUMN) {
@@ -74,7 +74,7 @@ void CPointReadOut::AddNearestValue(double dX, double dY, const CPointReadOutSou
             }
         }
     }
-    if (value) {
+    if (value && std::isfinite(*value)) {
         m_lines.Add(FormatText("F~G' = %lg~N", *value).c_str());
     }
 }
@@ -95,6 +95,9 @@ void CPointReadOut::AddPhases(double dX, double dY, const CPointReadOutSource& s
     }
     for (int k = 0; pNearest && k < pNearest->nPoints; ++k) {
         const double dValue = pFound->m_ppData[VALUE_COLUMN][pNearest->nFirst + k];
+        if (!std::isfinite(dValue)) {
+            continue;
+        }
         m_lines.Add(FormatText("F~G'~N%d~L = %lg~N", k + 1, dValue).c_str());
     }
 }

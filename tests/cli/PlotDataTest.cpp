@@ -1,3 +1,4 @@
+#include <cmath>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -53,6 +54,38 @@ TEST(PlotData, MakesPartsOfFilesOverDifferentAbscissaeAndEndsAPartAtAGap) {
     const CPlotData gaps(Files({"1,NA,1\n2,5,NA\n3,6,NA\n4,NA,4\n5,NA,5\n6,7,NA\n"}), std::nullopt);
     EXPECT_EQ(Show(gaps.GetMultipartCurve()), "0: 2 5, 3 6 | 0: 6 7 | 1: 1 1 | 1: 4 4, 5 5 | 2");
     EXPECT_EQ(gaps.GetMultipartCurve()->m_nPoints, 6);
+}
+
+std::string Grid(const char* pszText, const tessara::PLOTWINDOW& window = {}) {
+    const CPlotData data(Files({pszText}), std::nullopt, window, tessara::PlotGaps::Stay);
+    return Show(data.GetMultiCurve());
+}
+
+TEST(PlotData, KeepsGapsInOneMultiCurveWhereTheyAreToStay) {
+    // A row beside a gap is there once more on that side, a hair apart.
+    EXPECT_EQ(Grid("1,1,5\n2,NA,6\n3,3,7\n"), "1 1 5 | 1 1 5 | 2 nan 6 | 2 nan 6 | 2 nan 6 | 3 3 7 | 3 3 7");
+    EXPECT_EQ(Grid("1,1\n2,NA\n3,3\n4,NA\n"), "1 1 | 1 1 | 2 nan | 3 3 | 3 3");
+    tessara::PLOTWINDOW window;
+    window.dXMin = 1.5;
+    window.dYMax = 4;
+    EXPECT_EQ(Grid("1,2,0\n3,6,0\n", window), "1.5 3 0 | 2 4 0 | 2 4 0 | 3 nan 0 | 3 nan 0");
+    EXPECT_EQ(Grid("2,2\n3,6\n4,2\n", window), "2 2 | 2.5 4 | 2.5 4 | 3 nan | 3.5 4 | 3.5 4 | 4 2");
+    EXPECT_EQ(Grid("2,5\n3,3\n3,5\n", window), "2.5 4 | 3 3 | 3 4") << "a vertical step";
+    EXPECT_THROW(Grid("1,1\n2,9\n2,9\n", {2, 5, 10, 20}), CException);
+}
+
+TEST(PlotData, ReadsOutTheValuesBesideAGap) {
+    const CPlotData data(Files({"1,1,5\n2,NA,6\n3,3,7\n4,NA,8\n5,NA,9\n"}), std::nullopt, {},
+                         tessara::PlotGaps::Stay);
+    const double x[] = {1, 1.5, 2, 3, 4.5};
+    double y[5];
+    data.GetMultiCurve()->Values(0, x, y, 5);
+    EXPECT_EQ(y[0], 1);
+    EXPECT_EQ(y[3], 3);
+    EXPECT_TRUE(std::isnan(y[1]) && std::isnan(y[2]) && std::isnan(y[4]));
+    data.GetMultiCurve()->Values(1, x, y, 5);
+    EXPECT_EQ(y[1], 5.5);
+    EXPECT_EQ(y[4], 8.5);
 }
 
 TEST(PlotData, CutsCurvesAtTheEdgesOfTheWindow) {

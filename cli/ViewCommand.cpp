@@ -1,0 +1,103 @@
+#include "cli/ViewCommand.h"
+
+#include <cstdlib>
+
+#include <CLI/CLI.hpp>
+
+#include "cli/Picture.h"
+#include "cli/PictureSize.h"
+#include "cli/view/ViewerApp.h"
+#include "tessara/platform/base/Exception.h"
+
+namespace tessara {
+
+namespace {
+
+constexpr const char* PLATFORM = "QT_QPA_PLATFORM";
+constexpr double SCREEN_DOTS_PER_INCH = 96;
+
+constexpr const char* EXAMPLES =
+    R"(Shows a file of columns or a diagram file in a window, and follows it when it changes. Help > Keys (F1) lists all
+keys. For the files see `tessara plot --help` and `tessara diagram --help`.
+
+Examples:
+  tessara view chi.txt
+  tessara view table.csv --columns T,chi
+  tessara view ps.json
+  tessara view ps.json --screenshot window.png --size 1000x700)";
+
+CViewerStart StartOf(const VIEWOPTIONS& options, const std::string& strVersion) {
+    CViewerStart start;
+    start.source = {options.strFile, options.columns, options.delimiter, options.bSort};
+    start.strVersion = strVersion;
+    start.strScreenshot = options.strScreenshot;
+    if (options.size) {
+        start.size.emplace(*options.size, SCREEN_DOTS_PER_INCH);
+    }
+    return start;
+}
+
+void CheckScreenshot(const std::string& strPath) {
+    if (FormatOfFile(strPath) != PictureFormat::Png) {
+        throw CException("--screenshot: the name must end with .png");
+    }
+}
+
+} // namespace
+
+void DeclareViewOptions(CLI::App& command, VIEWOPTIONS& options) {
+    command.add_option("FILE", options.strFile, "file of columns, or diagram file")->required();
+    DeclareColumns(command, options);
+    command.add_option("--screenshot", options.strScreenshot, "write a picture of the window and end: .png")
+        ->option_text("OUT");
+    command.add_option("--size", options.size, "size of the window as 1000x700 (pixels)")
+        ->option_text("SIZE");
+    command.footer(EXAMPLES);
+}
+
+CDisplay::CDisplay() : m_bScreen(std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY")) {
+    if (const char* const pszPlatform = std::getenv(PLATFORM)) {
+        m_platform = pszPlatform;
+    }
+}
+
+void CDisplay::SetPlatform() const {
+    if (m_platform) {
+        setenv(PLATFORM, m_platform->c_str(), 1);
+    } else {
+        unsetenv(PLATFORM);
+    }
+}
+
+void CDisplay::Use() const {
+    if (!m_platform && !m_bScreen) {
+        throw CException("there is no display to show a window on; --screenshot needs none");
+    }
+    SetPlatform();
+}
+
+void CDisplay::UseForPicture() const {
+    if (m_platform) {
+        SetPlatform();
+    } else {
+        setenv(PLATFORM, "offscreen", 1);
+    }
+}
+
+int RunView(const VIEWOPTIONS& options, const CDisplay& display, const std::string& strVersion) {
+    CViewerStart start = StartOf(options, strVersion);
+    if (start.strScreenshot.empty()) {
+        display.Use();
+    } else {
+        CheckScreenshot(start.strScreenshot);
+        display.UseForPicture();
+    }
+    CViewerApp app(std::move(start));
+    char szName[] = "tessara";
+    char* arguments[] = {szName, nullptr};
+    const int nCode = AfxRunApplication(1, arguments);
+    app.RethrowFailure();
+    return nCode;
+}
+
+} // namespace tessara

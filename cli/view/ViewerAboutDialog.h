@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "tessara/platform/ui/Dialog.h"
+
+namespace tessara {
+
+/// Tells which program this is.
+class CViewerAboutDialog : public CDialog {
+public:
+    CViewerAboutDialog(CWnd* pOwner, const std::string& strVersion);
+
+protected:
+    BOOL OnInitDialog() override;
+
+private:
+    std::string m_strVersion;
+};
+
+} // namespace tessara

@@ -1,0 +1,82 @@
+#include "cli/view/ViewerPlacement.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "tessara/platform/ui/Commands.h"
+#include "tessara/platform/ui/FrameWnd.h"
+#include "tessara/platform/ui/System.h"
+#include "tessara/platform/ui/WinApp.h"
+
+namespace tessara {
+
+namespace {
+
+constexpr const char* SECTION = "Window";
+constexpr int UNSET = -0x7FFFFFFF;
+constexpr int MIN_WIDTH = 200; ///< pixels; less is no window that somebody has used
+constexpr int MIN_HEIGHT = 150;
+constexpr int CASCADE = 32;
+
+std::optional<CRect> ReadPlace(const CWinApp& app) {
+    const auto fnRead = [&](const char* pszEntry) {
+        return static_cast<int>(app.GetProfileInt(SECTION, pszEntry, UNSET));
+    };
+    const CRect place(fnRead("Left"), fnRead("Top"), fnRead("Right"), fnRead("Bottom"));
+    const bool bSet =
+        place.left != UNSET && place.top != UNSET && place.right != UNSET && place.bottom != UNSET;
+    return bSet ? std::optional(place) : std::nullopt;
+}
+
+/// One side of a window, moved and shortened so that it lies on the screen.
+void MoveOnScreen(LONG& nFirst, LONG& nLast, LONG nLeast, LONG nScreen) {
+    const LONG nLength = std::clamp<LONG>(nLast - nFirst, nLeast, std::max(nLeast, nScreen));
+    nFirst = std::max<LONG>(0, std::min(nFirst, nScreen - nLength));
+    nLast = nFirst + nLength;
+}
+
+bool IsBarShown(const CFrameWnd& frame, UINT nBar) {
+    const CWnd* const pBar = frame.GetDlgItem(static_cast<int>(nBar));
+    return pBar && pBar->IsWindowVisible();
+}
+
+} // namespace
+
+void CViewerPlacement::Save(const CFrameWnd& frame) {
+    WINDOWPLACEMENT placement{};
+    if (!frame.IsWindowVisible() || !frame.GetWindowPlacement(&placement)) {
+        return;
+    }
+    const RECT& place = placement.rcNormalPosition;
+    m_app.WriteProfileInt(SECTION, "Left", place.left);
+    m_app.WriteProfileInt(SECTION, "Top", place.top);
+    m_app.WriteProfileInt(SECTION, "Right", place.right);
+    m_app.WriteProfileInt(SECTION, "Bottom", place.bottom);
+    m_app.WriteProfileInt(SECTION, "Maximized", placement.showCmd == SW_SHOWMAXIMIZED);
+    m_app.WriteProfileInt(SECTION, "Toolbar", IsBarShown(frame, AFX_IDW_TOOLBAR));
+    m_app.WriteProfileInt(SECTION, "StatusBar", IsBarShown(frame, AFX_IDW_STATUS_BAR));
+}
+
+void CViewerPlacement::Restore(CFrameWnd& frame, int nBefore) {
+    for (const auto& [nBar, pszEntry] :
+         {std::pair{AFX_IDW_TOOLBAR, "Toolbar"}, std::pair{AFX_IDW_STATUS_BAR, "StatusBar"}}) {
+        if (!m_app.GetProfileInt(SECTION, pszEntry, TRUE)) {
+            frame.ShowControlBar(frame.GetDlgItem(static_cast<int>(nBar)), FALSE, FALSE);
+        }
+    }
+    std::optional<CRect> place = ReadPlace(m_app);
+    if (!place) {
+        return;
+    }
+    place->OffsetRect(nBefore * CASCADE, nBefore * CASCADE);
+    MoveOnScreen(place->left, place->right, MIN_WIDTH, GetSystemMetrics(SM_CXFULLSCREEN));
+    MoveOnScreen(place->top, place->bottom, MIN_HEIGHT, GetSystemMetrics(SM_CYFULLSCREEN));
+    const bool bMaximised = nBefore == 0 && m_app.GetProfileInt(SECTION, "Maximized", FALSE) != 0;
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    placement.showCmd = bMaximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL;
+    placement.rcNormalPosition = *place;
+    frame.SetWindowPlacement(&placement);
+}
+
+} // namespace tessara

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <vector>
+
+#include "cli/view/ShownPlot.h"
+#include "cli/view/ZoomHistory.h"
+
+namespace tessara {
+
+/// What the user has made of a plot: switches, scales, zoom and the read-outs that are shown. Kept over
+/// reading the file again.
+class CViewerState {
+public:
+    explicit CViewerState(const CShownPlot& plot);
+
+    /// Brings a plot's switches and scales to the state; what it does not have, and scales within which
+    /// nothing of it lies, it does without.
+    void ApplyLook(CShownPlot& plot) const;
+    void ShowReadOuts(CShownPlot& plot) const;
+    const CZoomState& GetZoom() const { return m_zoom; }
+
+private:
+    struct CSwitch {
+        EPlotSwitch eSwitch;
+        bool bOn;
+    };
+    std::vector<CSwitch> m_switches;
+    std::vector<EReadOut> m_readOuts;
+    CAxisScales m_scales;
+    CZoomState m_zoom;
+    bool m_bZoomInMode;
+};
+
+} // namespace tessara
