@@ -40,6 +40,10 @@ draw critical-temperature "$command" plot ps_cyclohexane_critical_fit.txt \
     --name "Polystyrene in cyclohexane, critical temperature" \
     --symbol "T~ic~L / °C~N" --argument-symbol "N~i-1/2~H" --no-legend
 
+# The viewer's window.
+"$command" view ps_cyclohexane_diagram.json --screenshot "$pictures/viewer.png" --size 1000x700
+drawn+=(viewer.png)
+
 cd "$pictures"
 echo "Drawn in $pictures:"
 wc -c "${drawn[@]}" | head -n -1

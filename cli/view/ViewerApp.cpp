@@ -81,6 +81,7 @@ void CViewerApp::StartWithFile() {
     CViewerFrame& frame = NewFrame();
     ShowFrame(frame);
     if (m_start.size) {
+        frame.ShowWindow(SW_RESTORE);
         frame.SetWindowPos(nullptr, 0, 0, m_start.size->GetWidth(), m_start.size->GetHeight(), SWP_NOMOVE);
     }
     frame.OpenFile(m_start.source);

@@ -31,7 +31,7 @@ public:
     ~CViewerApp() override;
 
     const std::vector<CViewerFrame*>& GetFrames() const { return m_frames; }
-    /// What Open and the screenshot could not do. Rethrown once the program has ended.
+    /// Throws what kept the program from starting or from writing its screenshot, once it has ended.
     void RethrowFailure() const;
 
     std::unique_ptr<CShownPlot> Open(const CViewSource& source) const { return m_start.fnOpen(source); }

@@ -43,29 +43,20 @@ CSize CViewerBanner::TextSize(const CString& strText) {
     return size;
 }
 
-CSize CViewerBanner::ButtonSize() {
-    const CSize text = TextSize(BUTTON_TEXT);
-    return {text.cx + 2 * text.cy, text.cy + text.cy / 2};
-}
-
-/// The height of the text. Lines break at words: a tenth of each is left free.
-int CViewerBanner::LabelHeight(int nWidth) {
-    const CSize text = TextSize(m_strText);
-    const int nRoom = std::max(1, nWidth * 9 / 10);
-    const int nLines = std::min(MAX_LINES, static_cast<int>(text.cx) / nRoom + 1);
-    return nLines * static_cast<int>(text.cy);
-}
-
 CViewerBanner::CParts CViewerBanner::LayOut(int nWidth) {
-    const CSize button = ButtonSize();
-    const int nMargin = static_cast<int>(TextSize(BUTTON_TEXT).cy) / 2;
-    const int nButtonLeft = nWidth - nMargin - static_cast<int>(button.cx);
-    const int nLabel = LabelHeight(nButtonLeft - 2 * nMargin);
-    const int nHeight = std::max(nLabel, static_cast<int>(button.cy)) + 2 * nMargin;
+    const CSize buttonText = TextSize(BUTTON_TEXT);
+    const auto nLine = static_cast<int>(buttonText.cy);
+    const int nMargin = nLine / 2;
+    const int nButton = nLine + nLine / 2;
+    const int nButtonLeft = nWidth - nMargin - static_cast<int>(buttonText.cx) - 2 * nLine;
+    // Lines break at words: a tenth of each is left free.
+    const int nRoom = std::max(1, (nButtonLeft - 2 * nMargin) * 9 / 10);
+    const int nLabel = nLine * std::min(MAX_LINES, static_cast<int>(TextSize(m_strText).cx) / nRoom + 1);
+    const int nHeight = std::max(nLabel, nButton) + 2 * nMargin;
     const int nLabelTop = (nHeight - nLabel) / 2;
-    const int nButtonTop = (nHeight - static_cast<int>(button.cy)) / 2;
+    const int nButtonTop = (nHeight - nButton) / 2;
     return {nHeight, CRect(nMargin, nLabelTop, nButtonLeft - nMargin, nLabelTop + nLabel),
-            CRect(nButtonLeft, nButtonTop, nWidth - nMargin, nButtonTop + static_cast<int>(button.cy))};
+            CRect(nButtonLeft, nButtonTop, nWidth - nMargin, nButtonTop + nButton)};
 }
 
 int CViewerBanner::GetHeight(int nWidth) {

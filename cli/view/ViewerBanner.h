@@ -36,9 +36,7 @@ private:
         CRect button;
     };
     CParts LayOut(int nWidth);
-    int LabelHeight(int nWidth);
     CSize TextSize(const CString& strText);
-    CSize ButtonSize();
 
     CString m_strText;
     CStatic m_label;

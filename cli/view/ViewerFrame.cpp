@@ -200,9 +200,11 @@ void CViewerFrame::OnCloseWindow() {
     SendMessage(WM_CLOSE);
 }
 
+/// The full screen is no place to remember: the one before it has been saved.
 void CViewerFrame::OnClose() {
-    ShowFullScreen(FALSE);
-    CViewerPlacement(TheViewer()).Save(*this);
+    if (!IsFullScreen()) {
+        CViewerPlacement(TheViewer()).Save(*this);
+    }
     CFrameWnd::OnClose();
 }
 
@@ -230,6 +232,9 @@ void CViewerFrame::OnUpdatePlot(CCmdUI* pCmdUI) {
 // View
 
 void CViewerFrame::OnFullScreen() {
+    if (!IsFullScreen()) {
+        CViewerPlacement(TheViewer()).Save(*this);
+    }
     ShowFullScreen(!IsFullScreen());
 }
 

@@ -1,6 +1,7 @@
 #include "cli/view/ViewerPlacement.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "tessara/platform/ui/Commands.h"
@@ -13,19 +14,23 @@ namespace tessara {
 namespace {
 
 constexpr const char* SECTION = "Window";
-constexpr int UNSET = -0x7FFFFFFF;
+constexpr const char* SIDES[] = {"Left", "Top", "Right", "Bottom"};
+constexpr int MAX_COORDINATE = 1 << 20;
+constexpr int UNSET = MAX_COORDINATE + 1;
 constexpr int MIN_WIDTH = 200; ///< pixels; less is no window that somebody has used
 constexpr int MIN_HEIGHT = 150;
 constexpr int CASCADE = 32;
 
+/// Nothing unless all sides are there and could be those of a window.
 std::optional<CRect> ReadPlace(const CWinApp& app) {
-    const auto fnRead = [&](const char* pszEntry) {
-        return static_cast<int>(app.GetProfileInt(SECTION, pszEntry, UNSET));
-    };
-    const CRect place(fnRead("Left"), fnRead("Top"), fnRead("Right"), fnRead("Bottom"));
-    const bool bSet =
-        place.left != UNSET && place.top != UNSET && place.right != UNSET && place.bottom != UNSET;
-    return bSet ? std::optional(place) : std::nullopt;
+    std::array<int, 4> sides{};
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+        sides[i] = static_cast<int>(app.GetProfileInt(SECTION, SIDES[i], UNSET));
+        if (sides[i] < -MAX_COORDINATE || sides[i] > MAX_COORDINATE) {
+            return std::nullopt;
+        }
+    }
+    return CRect(sides[0], sides[1], sides[2], sides[3]);
 }
 
 /// One side of a window, moved and shortened so that it lies on the screen.
@@ -48,10 +53,10 @@ void CViewerPlacement::Save(const CFrameWnd& frame) {
         return;
     }
     const RECT& place = placement.rcNormalPosition;
-    m_app.WriteProfileInt(SECTION, "Left", place.left);
-    m_app.WriteProfileInt(SECTION, "Top", place.top);
-    m_app.WriteProfileInt(SECTION, "Right", place.right);
-    m_app.WriteProfileInt(SECTION, "Bottom", place.bottom);
+    const std::array<LONG, 4> sides = {place.left, place.top, place.right, place.bottom};
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+        m_app.WriteProfileInt(SECTION, SIDES[i], sides[i]);
+    }
     m_app.WriteProfileInt(SECTION, "Maximized", placement.showCmd == SW_SHOWMAXIMIZED);
     m_app.WriteProfileInt(SECTION, "Toolbar", IsBarShown(frame, AFX_IDW_TOOLBAR));
     m_app.WriteProfileInt(SECTION, "StatusBar", IsBarShown(frame, AFX_IDW_STATUS_BAR));

@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <filesystem>
 
+#include "tessara/platform/qt/Peer.h"
+#include "tessara/platform/ui/Edit.h"
 #include "tests/cli/ViewerFixture.h"
 
 using namespace tessara;
@@ -78,6 +80,27 @@ TEST_F(ViewerWindow, SwitchesAndReadOutsFollowTheirKeysAndAreGreyWhereThePlotHas
     EXPECT_FALSE(IsEnabled(ID_READ_EXTENDED));
     Key(Qt::Key_F4);
     EXPECT_TRUE(IsEnabled(ID_READ_SECTION) && Item(ID_READ_SECTION).isChecked());
+}
+
+TEST_F(ViewerWindow, AReadOutKeepsTheKeysThatItsControlsNeed) {
+    CWnd readOut;
+    readOut.Create(nullptr, "", WS_POPUP | WS_CAPTION | WS_VISIBLE, CRect(0, 0, 200, 100), &View(), 0);
+    CEdit edit;
+    edit.Create(WS_CHILD | WS_VISIBLE, CRect(5, 5, 100, 30), &readOut, 1);
+    edit.SetFocus();
+    QWidget& line = CPeer::Find(edit.m_hWnd)->GetWidget();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&line));
+    QTest::keyClick(&line, Qt::Key_B);
+    EXPECT_FALSE(Plot().IsOn(EPlotSwitch::monochrome));
+    QTest::keyClick(&line, Qt::Key_F2);
+    EXPECT_TRUE(Plot().IsReadOutVisible(EReadOut::getValue));
+    QTest::keyClick(&line, Qt::Key_Left);
+    EXPECT_TRUE(Plot().m_walks.empty());
+    QTest::keyClick(&line, Qt::Key_F6);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    EXPECT_EQ(CWnd::GetFocus(), &View());
+    QTest::keyClick(&CPeer::Find(readOut.m_hWnd)->GetWidget(), Qt::Key_Left); // nothing there needs it
+    EXPECT_EQ(Plot().m_walks.size(), 1U);
 }
 
 TEST_F(ViewerWindow, BarsAndFullScreenFollowTheirKeys) {
