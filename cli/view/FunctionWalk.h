@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "cli/PlotData.h"
 #include "cli/view/CurveWalk.h"
 #include "cli/view/ShownPlot.h"
@@ -18,6 +20,9 @@ public:
     void SetData(const CPlotData& data) { m_pData = &data; }
     /// The number of functions.
     int GetCount() const { return GetCurves() ? GetCurves()->m_nDimensions : 0; }
+    int GetFunction() const { return m_nFunction; }
+    /// Picks a function, or the last one where there are fewer.
+    void Pick(int nFunction) { m_nFunction = std::clamp(nFunction, 0, std::max(0, GetCount() - 1)); }
     /// Picks the function that is drawn in a colour, where there is one.
     void PickByColor(COLORREF color);
     /// See CShownPlot.

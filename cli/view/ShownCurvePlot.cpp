@@ -234,4 +234,18 @@ bool CShownCurvePlot::Walk(EWalk eWalk) {
     return m_plot.IsGetValueVisible() && m_walk.Walk(eWalk);
 }
 
+std::optional<CPlotMark> CShownCurvePlot::GetMark() const {
+    if (!m_plot.IsGetValueVisible() || !(m_plot.m_nFlags & OCF_MARKSHOWN)) {
+        return std::nullopt;
+    }
+    return CPlotMark{m_plot.m_dMarkArgument, 0, static_cast<DWORD>(m_walk.GetFunction())};
+}
+
+void CShownCurvePlot::SetMark(const CPlotMark& mark) {
+    if (m_plot.IsGetValueVisible()) {
+        m_walk.Pick(static_cast<int>(mark.nPicked));
+        m_plot.PickArgument(mark.dX);
+    }
+}
+
 } // namespace tessara

@@ -45,6 +45,8 @@ public:
     void ShowReadOut(EReadOut eReadOut, bool bShow) override;
     bool IsReadOutVisible(EReadOut eReadOut) const override;
     bool Walk(EWalk eWalk) override;
+    std::optional<CPlotMark> GetMark() const override;
+    void SetMark(const CPlotMark& mark) override;
 
 private:
     void ShowData(const CAxisScales& scales);

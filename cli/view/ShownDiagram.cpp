@@ -127,9 +127,8 @@ void CShownDiagram::Replace(std::unique_ptr<CViewedDiagram> pOutput) {
     for (const EReadOut eReadOut : visible) {
         m_readOuts->Show(eReadOut, true);
     }
-    if (!visible.empty() && pBefore->IsMarked() &&
-        ShownWindow(GetScales(), std::nullopt).Contains(pBefore->GetMarkX(), pBefore->GetMarkY())) {
-        m_pOutput->PickPoint(pBefore->GetMarkX(), pBefore->GetMarkY(), pBefore->GetPicked());
+    if (!visible.empty() && pBefore->IsMarked()) {
+        SetMark({pBefore->GetMarkX(), pBefore->GetMarkY(), pBefore->GetPicked()});
     }
 }
 
@@ -204,6 +203,20 @@ void CShownDiagram::ShowReadOut(EReadOut eReadOut, bool bShow) {
 bool CShownDiagram::Walk(EWalk eWalk) {
     m_pOutput->FollowReadOuts();
     return m_pOutput->IsAnyReadOutVisible() && m_walk->Walk(eWalk);
+}
+
+std::optional<CPlotMark> CShownDiagram::GetMark() const {
+    if (!m_pOutput->IsAnyReadOutVisible() || !m_pOutput->IsMarked()) {
+        return std::nullopt;
+    }
+    return CPlotMark{m_pOutput->GetMarkX(), m_pOutput->GetMarkY(), m_pOutput->GetPicked()};
+}
+
+void CShownDiagram::SetMark(const CPlotMark& mark) {
+    m_pOutput->FollowReadOuts();
+    if (ShownWindow(GetScales(), std::nullopt).Contains(mark.dX, mark.dY)) {
+        m_pOutput->PickPoint(mark.dX, mark.dY, mark.nPicked);
+    }
 }
 
 std::unique_ptr<CShownPlot> CShownDiagram::OpenSection(int nColumn, std::unique_ptr<CTable> pTable) const {

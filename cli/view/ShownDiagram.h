@@ -45,6 +45,8 @@ public:
     void ShowReadOut(EReadOut eReadOut, bool bShow) override;
     bool IsReadOutVisible(EReadOut eReadOut) const override { return m_readOuts->IsVisible(eReadOut); }
     bool Walk(EWalk eWalk) override;
+    std::optional<CPlotMark> GetMark() const override;
+    void SetMark(const CPlotMark& mark) override;
     std::unique_ptr<CShownPlot> OpenSection(int nColumn, std::unique_ptr<CTable> pTable) const override;
 
 private:

@@ -28,6 +28,14 @@ struct CAxisScales {
     std::optional<AXISSCALE> y;
 };
 
+/// The point that is read out, and what was picked there: the colour of a diagram's element, the number of a
+/// curve plot's function.
+struct CPlotMark {
+    double dX;
+    double dY;
+    DWORD nPicked;
+};
+
 /// A file's content as the viewer shows it: a curve plot or a phase diagram, with the data that it is made
 /// from.
 ///
@@ -92,6 +100,11 @@ public:
     /// Moves the mark while a read-out is shown; picks the first curve when none is picked. A step is the
     /// next point of the curve that lies at another pixel. False when there is nowhere to go.
     virtual bool Walk(EWalk eWalk) = 0;
+    /// What is marked while a read-out is shown.
+    virtual std::optional<CPlotMark> GetMark() const = 0;
+    /// Reads out and marks a point while a read-out is shown, as a click there does. The view is to be
+    /// painted anew when this comes before the first paint.
+    virtual void SetMark(const CPlotMark& mark) = 0;
     /// A cross section that the Cross Section window has posted: its column and its table, as a plot.
     virtual std::unique_ptr<CShownPlot> OpenSection(int nColumn, std::unique_ptr<CTable> pTable) const;
 };

@@ -5,7 +5,8 @@
 namespace tessara {
 
 CViewerState::CViewerState(const CShownPlot& plot)
-    : m_scales(plot.GetScales()), m_zoom(plot.GetZoom()), m_bZoomInMode(plot.IsZoomInModeEnabled()) {
+    : m_mark(plot.GetMark()), m_scales(plot.GetScales()), m_zoom(plot.GetZoom()),
+      m_bZoomInMode(plot.IsZoomInModeEnabled()) {
     for (const EPlotSwitch eSwitch : {EPlotSwitch::legend, EPlotSwitch::caption, EPlotSwitch::monochrome,
                                       EPlotSwitch::multiphasePoints}) {
         if (plot.Has(eSwitch)) {
@@ -40,6 +41,9 @@ void CViewerState::ShowReadOuts(CShownPlot& plot) const {
         if (plot.Offers(eReadOut)) {
             plot.ShowReadOut(eReadOut, true);
         }
+    }
+    if (m_mark) {
+        plot.SetMark(*m_mark);
     }
 }
 

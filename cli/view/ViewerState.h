@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "cli/view/ShownPlot.h"
@@ -16,6 +17,7 @@ public:
     /// Brings a plot's switches and scales to the state; what it does not have, and scales within which
     /// nothing of it lies, it does without.
     void ApplyLook(CShownPlot& plot) const;
+    /// Shows the read-outs, and in them the point that was read out.
     void ShowReadOuts(CShownPlot& plot) const;
     const CZoomState& GetZoom() const { return m_zoom; }
 
@@ -26,6 +28,7 @@ private:
     };
     std::vector<CSwitch> m_switches;
     std::vector<EReadOut> m_readOuts;
+    std::optional<CPlotMark> m_mark;
     CAxisScales m_scales;
     CZoomState m_zoom;
     bool m_bZoomInMode;

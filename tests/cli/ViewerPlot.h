@@ -25,6 +25,7 @@ public:
     std::vector<tessara::EWalk> m_walks;
     std::vector<CPoint> m_clicks;
     tessara::CAxisScales m_scales;
+    std::optional<tessara::CPlotMark> m_mark;
 
     std::string GetName() const override { return m_strName; }
     tessara::DRAWING GetDrawing() override;
@@ -52,6 +53,8 @@ public:
         return m_readOuts.count(eReadOut) != 0;
     }
     bool Walk(tessara::EWalk eWalk) override;
+    std::optional<tessara::CPlotMark> GetMark() const override { return m_mark; }
+    void SetMark(const tessara::CPlotMark& mark) override { m_mark = mark; }
     std::unique_ptr<CShownPlot> OpenSection(int nColumn, std::unique_ptr<CTable> pTable) const override;
 
 private:

@@ -225,8 +225,11 @@ BOOL CWnd::GetWindowPlacement(WINDOWPLACEMENT* pPlacement) const {
         const QWidget& widget = peer.GetWidget();
         *pPlacement = {sizeof *pPlacement, 0, tessara::ShowCommandOf(widget), {-1, -1}, {-1, -1}, {}};
         const bool bNormal = (widget.windowState() & ~Qt::WindowActive) == Qt::WindowNoState;
-        pPlacement->rcNormalPosition = tessara::ToPixels(
-            bNormal ? QRect(widget.pos(), widget.size()) : widget.normalGeometry(), peer.GetRatio());
+        // Qt tells the normal place without the desktop's frame, which moving the window counts in.
+        const QPoint frame = widget.geometry().topLeft() - widget.pos();
+        const QRect normal = widget.normalGeometry().translated(-frame);
+        pPlacement->rcNormalPosition =
+            tessara::ToPixels(bNormal ? QRect(widget.pos(), widget.size()) : normal, peer.GetRatio());
         return TRUE;
     });
 }

@@ -57,7 +57,12 @@ void CView::PrintEachPage(CDC& dc, CPrintInfo& info) {
 }
 
 void CView::PrintPages(CPrintInfo& info) {
-    const CString strTitle = m_pDocument ? m_pDocument->GetTitle() : CString();
+    CString strTitle;
+    if (m_pDocument) {
+        strTitle = m_pDocument->GetTitle();
+    } else if (const CWnd* const pTop = GetTopLevelParent()) {
+        pTop->GetWindowText(strTitle);
+    }
     auto pSink = info.m_pTarget->Start(strTitle);
     const SIZE size = pSink->GetCaps().size;
     info.m_rectDraw = CRect(0, 0, size.cx, size.cy);
