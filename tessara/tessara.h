@@ -107,6 +107,7 @@
 #include "tessara/plot/CustomScale.h"
 #include "tessara/plot/IndexedText.h"
 #include "tessara/plot/IndexedTextRuns.h"
+#include "tessara/plot/LibraryCursors.h"
 #include "tessara/plot/Page.h"
 #include "tessara/plot/PixelMap.h"
 #include "tessara/plot/PlaceableMetafile.h"

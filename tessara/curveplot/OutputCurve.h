@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 #include "tessara/numeric/Curve.h"
 #include "tessara/numeric/MultiCurve.h"
@@ -117,6 +118,9 @@ public:
     void UseAutomaticScale(int nAxis);
     /// Makes the axes named in nAxis span exactly the data.
     void FitScale(int nAxis);
+    /// Cuts curves and symbols that reach beyond custom axes at the axes' ends. Values stay those of the
+    /// whole curves. DEFAULT: 0, they are drawn as far as they go.
+    void CutToAxes(int bCut) { m_bCutToAxes = bCut; }
 
     // Zoom; new data end it.
 
@@ -224,6 +228,7 @@ private:
     int CountLegendRows() const;
     CString MakeValueLine(int nFunction, double x);
 
+    std::optional<tessara::CZoomWindow> GetCutWindow() const;
     bool FollowCurves(const tessara::CPlotMap& map);
     tessara::CPlotMap GetPlotMap() const;
     void RememberPlotDevice(const CDC& dc, const tessara::CPlotArea& area);
@@ -236,6 +241,7 @@ private:
     void DrawSymbols(const tessara::CCanvas& canvas, const tessara::CPlotMap& map);
     void DrawMarkAgain(CDC* pDC, const CMetaFileDC* pMetaDC);
 
+    int m_bCutToAxes = 0;
     int m_bZoomed = 0;
     tessara::CZoomWindow m_Zoom;
     CHOOSESCALE m_WholeFunctionScale; ///< while zoomed, the scales of the whole plot

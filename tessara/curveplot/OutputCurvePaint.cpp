@@ -4,6 +4,7 @@
 #include "tessara/curveplot/CurveTraces.h"
 #include "tessara/curveplot/OutputCurve.h"
 #include "tessara/platform/base/Number.h"
+#include "tessara/platform/ui/ClientDC.h"
 #include "tessara/platform/ui/WaitCursor.h"
 #include "tessara/platform/vellum/Stippled.h"
 #include "tessara/plot/AxisGrid.h"
@@ -78,11 +79,24 @@ CPlotMap COutputCurve::GetPlotMap() const {
     return {CPlotArea::ForLegend(m_bShowLegend != 0).Rect(), m_ArgumentScale, m_FunctionScale};
 }
 
+/// What curves are cut to, if anything.
+std::optional<tessara::CZoomWindow> COutputCurve::GetCutWindow() const {
+    if (m_bZoomed) {
+        return m_Zoom;
+    }
+    if (m_bCutToAxes && m_nFlags & (OCF_CUSTOMARGUMENT | OCF_CUSTOMFUNCTION)) {
+        return tessara::CZoomWindow{m_ArgumentScale.dUpper, m_ArgumentScale.dLower, m_FunctionScale.dUpper,
+                                    m_FunctionScale.dLower};
+    }
+    return std::nullopt;
+}
+
 /// Maps the curves to the page; false when there is no memory for their points.
 bool COutputCurve::FollowCurves(const CPlotMap& map) {
     const CWaitCursor wait;
+    const auto window = GetCutWindow();
     try {
-        m_pTraces->Follow(*this, m_bZoomed ? &m_Zoom : nullptr);
+        m_pTraces->Follow(*this, window ? &*window : nullptr);
         m_pTraces->ForEachRun(map, [](const auto&) {});
     } catch (const std::bad_alloc&) {
         m_pTraces->Forget();
@@ -191,13 +205,14 @@ void COutputCurve::DrawSymbols(const CCanvas& canvas, const CPlotMap& map) {
     if (!m_pSymbolsCurve) {
         return;
     }
+    const auto window = GetCutWindow();
     const CSelection pen(canvas, BLACK_PEN);
     const CSelection brush(canvas, BLACK_BRUSH);
     for (int j = 0; j < m_pSymbolsCurve->m_nDimensions && j < 2; ++j) {
         for (int i = 0; i < m_pSymbolsCurve->m_nPoints; ++i) {
             const double dX = m_pSymbolsCurve->m_pX[i];
             const double dY = m_pSymbolsCurve->m_ppY[j][i];
-            if (!tessara::IsDrawable(dX, dY) || (m_bZoomed && !m_Zoom.Contains(dX, dY))) {
+            if (!tessara::IsDrawable(dX, dY) || (window && !window->Contains(dX, dY))) {
                 continue;
             }
             const RECT box = AroundPoint(map.Map(dX, dY));
@@ -212,8 +227,13 @@ void COutputCurve::DrawSymbols(const CCanvas& canvas, const CPlotMap& map) {
 
 /// Painting has erased the mark on the screen; pictures and paper have none.
 void COutputCurve::DrawMarkAgain(CDC* pDC, const CMetaFileDC* pMetaDC) {
-    if (!pMetaDC && !pDC->IsPrinting() && IsGetValueVisible() && m_nFlags & OCF_MARKSHOWN) {
+    if (pMetaDC || pDC->IsPrinting() || !(m_nFlags & OCF_MARKSHOWN)) {
+        return;
+    }
+    if (IsGetValueVisible()) {
         DrawMarkOnDC(pDC);
+    } else if (pDC->IsKindOf(RUNTIME_CLASS(CClientDC))) {
+        m_nFlags &= ~DWORD{OCF_MARKSHOWN};
     }
 }
 

@@ -1,7 +1,10 @@
+#include <vector>
+
 #include "tessara/curveplot/GetValueDialog.h"
 #include "tessara/curveplot/OutputCurve.h"
 #include "tessara/platform/ui/ClientDC.h"
 #include "tessara/platform/ui/Pointer.h"
+#include "tessara/plot/LibraryCursors.h"
 #include "tessara/plot/Page.h"
 #include "tessara/plot/PlotArea.h"
 #include "tessara/plot/PlotMap.h"
@@ -10,7 +13,6 @@
 
 namespace {
 
-constexpr UINT READ_OUT_CURSOR = 16386;
 constexpr COLORREF MARK_COLOR = 0x7F7F7F;
 constexpr int MARK_WIDTH = 4;
 constexpr COLORREF BLACK = 0x000000;
@@ -20,6 +22,7 @@ constexpr COLORREF WHITE = 0xFFFFFF;
 
 void COutputCurve::CreateGetValue(CWnd* pParent) {
     DestroyGetValue();
+    m_nFlags &= ~DWORD{OCF_MARKSHOWN}; // nothing has drawn it
     m_pParentWnd = pParent;
     auto pDialog = std::make_unique<CGetValueDialog>(pParent);
     if (pDialog->Create(CGetValueDialog::TEMPLATE, pParent)) {
@@ -32,6 +35,10 @@ void COutputCurve::DestroyGetValue() {
     if (!m_pGetValueDialog) {
         return;
     }
+    if (IsWindow(m_pGetValueDialog->m_hWnd)) { // and so is the parent, with which it would have gone
+        ShowGetValue(FALSE);
+    }
+    m_nFlags &= ~DWORD{OCF_MARKSHOWN | OCF_GETVALUE};
     m_pGetValueDialog->DestroyWindow();
     delete m_pGetValueDialog;
     m_pGetValueDialog = nullptr;
@@ -68,9 +75,13 @@ CString COutputCurve::MakeValueLine(int nFunction, double x) {
 }
 
 void COutputCurve::DisplayValues(double x) {
+    std::vector<CString> lines;
+    for (int i = 0; i < m_nFunctions; ++i) {
+        lines.push_back(MakeValueLine(i, x));
+    }
     m_ValueLines.SetSize(m_nFunctions);
     for (int i = 0; i < m_nFunctions; ++i) {
-        m_ValueLines.SetAt(i, MakeValueLine(i, x));
+        m_ValueLines.SetAt(i, lines[static_cast<std::size_t>(i)]);
     }
     if (m_pGetValueDialog) {
         m_pGetValueDialog->SetValueLines(m_ValueLines);
@@ -93,6 +104,9 @@ void COutputCurve::PickArgument(double x) {
 }
 
 void COutputCurve::DrawMark() {
+    if (!m_pParentWnd) {
+        return;
+    }
     CClientDC dc(m_pParentWnd);
     const tessara::CSavedState saved(dc);
     CRect client;
@@ -125,7 +139,7 @@ void COutputCurve::OnMouseMove(CPoint pt, CWnd* pWnd) {
         m_nFlags &= ~DWORD{OCF_OVERCURVE};
         return;
     }
-    SetCursor(LoadCursor(READ_OUT_CURSOR));
+    SetCursor(LoadCursor(CURSOR_READ_OUT));
     m_nFlags |= OCF_OVERCURVE;
 }
 

@@ -2,17 +2,11 @@
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/ui/ClientDC.h"
 #include "tessara/platform/ui/Pointer.h"
+#include "tessara/plot/LibraryCursors.h"
 #include "tessara/plot/Page.h"
 #include "tessara/plot/SavedState.h"
 
 // What the mouse does in a diagram: zooming, and picking elements by the colour of a pixel.
-
-namespace {
-
-constexpr UINT ZOOM_CURSOR = 16387;
-constexpr UINT NO_ZOOM_CURSOR = 16389;
-
-} // namespace
 
 void CPhaseDiagramOutput::OnLButtonDown(POINT pt, CWnd* pWnd) {
     if (m_bZoomInMode && m_Drag.Begin(pt, m_rcPlotDevice, *pWnd)) {
@@ -61,7 +55,7 @@ int CPhaseDiagramOutput::OnSetCursor(CWnd*, unsigned int, unsigned int) {
     if (!m_bZoomInMode) {
         return 0;
     }
-    SetCursor(LoadCursor(m_bCursorInside ? ZOOM_CURSOR : NO_ZOOM_CURSOR));
+    SetCursor(LoadCursor(m_bCursorInside ? CURSOR_ZOOM : CURSOR_NO_ZOOM));
     return 1;
 }
 
@@ -127,8 +121,13 @@ void CPhaseDiagramOutput::HideMark() {
 
 /// Painting has erased the mark on the screen; pictures and paper have none.
 void CPhaseDiagramOutput::DrawMarkAgain(CDC* pDC, const CMetaFileDC* pMetaDC) {
-    if (!pMetaDC && !pDC->IsPrinting() && m_nFlags & MF_MARKSHOWN && IsAnyReadOutVisible()) {
+    if (pMetaDC || pDC->IsPrinting() || !(m_nFlags & MF_MARKSHOWN)) {
+        return;
+    }
+    if (IsAnyReadOutVisible()) {
         DrawMarkOnDC(pDC);
+    } else if (pDC->IsKindOf(RUNTIME_CLASS(CClientDC))) {
+        m_nFlags &= ~DWORD{MF_MARKSHOWN};
     }
 }
 

@@ -199,32 +199,35 @@ void CPhaseDiagramOutput::SetSpinodal(int nPoints, double* x, double* y, int nPa
 
 void CPhaseDiagramOutput::SetCriticalPoints(int n, double* x, double* y) {
     m_pCriticalPoints = CopyPoints(n, x, y);
+    m_pCriticalPointTable = nullptr; // no longer that of the points
 }
 
 void CPhaseDiagramOutput::SetLifshitzPoints(int n, double* x, double* y) {
     m_pLifshitzPoints = CopyPoints(n, x, y);
+    m_pLifshitzPointTable = nullptr; // no longer that of the points
 }
 
 void CPhaseDiagramOutput::SetMultiphasePoints(int n, double* x, double* y) {
     m_pMultiphasePoints = CopyPoints(n, x, y);
+    m_pMultiphasePointTable = nullptr; // no longer that of the points
 }
 
 void CPhaseDiagramOutput::SetCriticalPoints(int x, int y, CTable* table) {
     m_CriticalPointColumns = {x, y};
-    m_pCriticalPointTable = table;
     SetCriticalPoints(table->m_nPoints, table->m_ppData[x], table->m_ppData[y]);
+    m_pCriticalPointTable = table;
 }
 
 void CPhaseDiagramOutput::SetLifshitzPoints(int x, int y, CTable* table) {
     m_LifshitzPointColumns = {x, y};
-    m_pLifshitzPointTable = table;
     SetLifshitzPoints(table->m_nPoints, table->m_ppData[x], table->m_ppData[y]);
+    m_pLifshitzPointTable = table;
 }
 
 void CPhaseDiagramOutput::SetMultiphasePoints(int x, int y, CTable* table) {
     m_MultiphasePointColumns = {x, y};
-    m_pMultiphasePointTable = table;
     SetMultiphasePoints(table->m_nPoints, table->m_ppData[x], table->m_ppData[y]);
+    m_pMultiphasePointTable = table;
 }
 
 void CPhaseDiagramOutput::DrawLeftBoundary(double x) {
@@ -243,7 +246,7 @@ void CPhaseDiagramOutput::EnableCriticalPointsClicking(int bEnable) {
 
 void CPhaseDiagramOutput::ToggleMultiphasePoints() {
     m_bMultiphasePointsVisible = !m_bMultiphasePointsVisible;
-    if (m_bMultiphasePointsVisible && !m_pFoundMultiphasePoints && m_pBinodalSection) {
+    if (m_bMultiphasePointsVisible && !m_pFoundMultiphasePoints && GetSection()) {
         m_pFoundMultiphasePoints.reset(
             Find2DSelfIntersections(m_pBinodalSection, m_CloudPointColumns.nX, m_CloudPointColumns.nY));
     }
@@ -299,7 +302,8 @@ int CPhaseDiagramOutput::IsValidColor(DWORD c) {
         return ElementFromColor(c) != -1;
     }
     const bool bCurve = m_nFlags & MF_CROSSSECTION ? c == GREEN : c == RED || c == BLUE || c == GREEN;
-    const bool bFoundPoint = m_bMultiphasePointsVisible && c == FOUND_MULTIPHASE;
+    const bool bFoundPoint =
+        m_bMultiphasePointsVisible && !(m_nFlags & MF_CROSSSECTION) && c == FOUND_MULTIPHASE;
     const bool bCritical = m_bCriticalPointsClicking && c == CRITICAL;
     return bCurve || bFoundPoint || bCritical;
 }

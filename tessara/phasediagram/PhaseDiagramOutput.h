@@ -176,9 +176,9 @@ public:
     void HideMark();
 
     // Read-out windows: Get Value lists the coordinates of a picked point, extended Get Value the lines of
-    // AddFormatString, Cross Section asks for a section (WM_CROSSSECTION). Destroy them before the window that
-    // shows the diagram; what is left goes with the diagram. Without a window its operations do nothing more
-    // than keep the diagram's own state.
+    // AddFormatString, Cross Section asks for a section (WM_CROSSSECTION). Destroy them before the window
+    // that shows the diagram; what is left goes with the diagram. Without a window its operations do nothing
+    // more than keep the diagram's own state.
 
     /// Each makes a hidden window for the window that shows the diagram.
     void CreateGetValue(CWnd* pParent);
@@ -347,6 +347,7 @@ private:
 
     tessara::CPlotArea GetPlotArea() const;
     tessara::CPlotMap GetPlotMap() const;
+    void PaintPage(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC);
     void LayOut(const tessara::CCanvas& canvas);
     void RememberPlotDevice(const CDC& dc);
     int GetLegendHeight() const;
@@ -363,6 +364,9 @@ private:
 
     bool IsAnyReadOutVisible();
     int ElementFromColor(DWORD c) const;
+    template <class DIALOG>
+    void DestroyReadOut(std::unique_ptr<DIALOG>& pDialog);
+    CMultipartTable* GetSection() const;
     void ShowReadOut(tessara::CReadOutDialog* pDialog, bool bShow, DWORD nFlags);
     void ListPoint(double dX, double dY);
     tessara::CPointReadOutSource GetReadOutSource() const;

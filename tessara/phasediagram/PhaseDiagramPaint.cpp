@@ -81,6 +81,14 @@ private:
 };
 
 int CPhaseDiagramOutput::Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {
+    PaintPage(pDC, rc, pMetaDC);
+    if (!pMetaDC) {
+        m_Drag.OnPaint(*pDC);
+    }
+    return 1;
+}
+
+void CPhaseDiagramOutput::PaintPage(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {
     const CShownCurves shown(*this);
     FindBoundingBox();
     const tessara::CSavedState saved(*pDC);
@@ -104,7 +112,6 @@ int CPhaseDiagramOutput::Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {
     if (!m_pSpinodal && !m_pShadowCurve && !m_pCloudPointCurve) {
         DrawNoPhaseSeparation(canvas);
     }
-    return 1;
 }
 
 int CPhaseDiagramOutput::Export(CDC* pDC, RECT rc, const char* fileName) {

@@ -8,27 +8,10 @@
 
 namespace {
 
-/// Numbers of the elements that have tables, among the element colours.
-enum Element : int {
-    SPINODAL = 0,
-    CLOUD_POINT_CURVE = 2,
-    CLOUD_POINT_CURVE_NON_PHYSICAL = 5,
-    CRITICAL_POINTS = 6,
-    MULTIPHASE_POINTS = 7
-};
-
 template <class DIALOG>
 std::unique_ptr<DIALOG> MakeDialog(CPhaseDiagramOutput& owner, CWnd* pParent) {
     auto pDialog = std::make_unique<DIALOG>(pParent);
     return pDialog->CreateFor(owner, pParent) ? std::move(pDialog) : nullptr;
-}
-
-template <class DIALOG>
-void Destroy(std::unique_ptr<DIALOG>& pDialog) {
-    if (pDialog) {
-        pDialog->DestroyWindow();
-        pDialog.reset();
-    }
 }
 
 bool IsVisible(const CWnd* pWnd) {
@@ -55,16 +38,32 @@ void CPhaseDiagramOutput::CreateCrossSection(CWnd* pParent) {
     m_pCrossSectionDialog = MakeDialog<tessara::CCrossSectionDialog>(*this, pParent);
 }
 
+/// A window that is not visible any more may have gone with its parent.
+template <class DIALOG>
+void CPhaseDiagramOutput::DestroyReadOut(std::unique_ptr<DIALOG>& pDialog) {
+    if (!pDialog) {
+        return;
+    }
+    if (pDialog->IsWindowVisible()) {
+        ShowReadOut(pDialog.get(), false, 0);
+    }
+    pDialog->DestroyWindow();
+    pDialog.reset();
+    if (!IsAnyReadOutVisible()) {
+        m_nFlags &= ~DWORD{MF_MARKSHOWN | MF_READOUT | MF_CROSSSECTION};
+    }
+}
+
 void CPhaseDiagramOutput::DestroyGetValue() {
-    Destroy(m_pGetValueDialog);
+    DestroyReadOut(m_pGetValueDialog);
 }
 
 void CPhaseDiagramOutput::DestroyExtendedGetValue() {
-    Destroy(m_pExtendedGetValueDialog);
+    DestroyReadOut(m_pExtendedGetValueDialog);
 }
 
 void CPhaseDiagramOutput::DestroyCrossSection() {
-    Destroy(m_pCrossSectionDialog);
+    DestroyReadOut(m_pCrossSectionDialog);
 }
 
 int CPhaseDiagramOutput::IsGetValueVisible() {
@@ -113,8 +112,13 @@ void CPhaseDiagramOutput::ShowReadOut(tessara::CReadOutDialog* pDialog, bool bSh
     }
 }
 
+/// After Reset the table may have gone.
+CMultipartTable* CPhaseDiagramOutput::GetSection() const {
+    return m_pCloudPointCurve || m_pShadowCurve ? m_pBinodalSection : nullptr;
+}
+
 tessara::CPointReadOutSource CPhaseDiagramOutput::GetReadOutSource() const {
-    return {m_strAbscissaFormat,    m_strOrdinateFormat,   m_pBinodalSection, m_pFoundMultiphasePoints.get(),
+    return {m_strAbscissaFormat,    m_strOrdinateFormat,   GetSection(), m_pFoundMultiphasePoints.get(),
             m_CloudPointColumns.nX, m_CloudPointColumns.nY};
 }
 
@@ -168,15 +172,15 @@ std::unique_ptr<CTable> CPhaseDiagramOutput::FindElementRow(int nElement, double
                                               : nullptr);
     };
     switch (nElement) {
-    case SPINODAL:
-        return inSection(m_pSpinodalSection, m_SpinodalColumns);
-    case CLOUD_POINT_CURVE:
-    case CLOUD_POINT_CURVE_NON_PHYSICAL:
-        return inSection(m_pBinodalSection, m_CloudPointColumns);
-    case CRITICAL_POINTS:
-        return inTable(m_pCriticalPointTable, m_CriticalPointColumns);
-    case MULTIPHASE_POINTS:
-        return inTable(m_pMultiphasePointTable, m_MultiphasePointColumns);
+    case ELEMENT_SPINODAL:
+        return inSection(m_pSpinodal ? m_pSpinodalSection : nullptr, m_SpinodalColumns);
+    case ELEMENT_CLOUD_POINT_CURVE:
+    case ELEMENT_CLOUD_POINT_CURVE_NON_PHYSICAL:
+        return inSection(GetSection(), m_CloudPointColumns);
+    case ELEMENT_CRITICAL_POINTS:
+        return inTable(m_pCriticalPoints ? m_pCriticalPointTable : nullptr, m_CriticalPointColumns);
+    case ELEMENT_MULTIPHASE_POINTS:
+        return inTable(m_pMultiphasePoints ? m_pMultiphasePointTable : nullptr, m_MultiphasePointColumns);
     default:
         return nullptr;
     }
@@ -184,14 +188,14 @@ std::unique_ptr<CTable> CPhaseDiagramOutput::FindElementRow(int nElement, double
 
 /// The receiver is told the cloud-point abscissa also where the shadow curve's was held.
 int CPhaseDiagramOutput::RequestCrossSection(int bAtAbscissa) {
-    if ((!IsCloudPointCurveSelected() && !IsShadowCurveSelected()) || !m_pBinodalSection) {
+    if ((!IsCloudPointCurveSelected() && !IsShadowCurveSelected()) || !GetSection()) {
         return 0;
     }
     const tessara::CColumnPair columns = IsCloudPointCurveSelected() ? m_CloudPointColumns : m_ShadowColumns;
     const int nHeld = bAtAbscissa ? columns.nX : columns.nY;
-    std::unique_ptr<CTable> pSection(m_pBinodalSection->Value(nHeld, bAtAbscissa ? m_dMarkX : m_dMarkY));
+    std::unique_ptr<CTable> pSection(GetSection()->Value(nHeld, bAtAbscissa ? m_dMarkX : m_dMarkY));
     if (!pSection) {
-        pSection = std::make_unique<CTable>(m_pBinodalSection->m_nDimensions);
+        pSection = std::make_unique<CTable>(GetSection()->m_nDimensions);
     }
     CWinThread* const pThread = AfxGetThread();
     CWnd* const pMain = pThread ? pThread->m_pMainWnd : nullptr;

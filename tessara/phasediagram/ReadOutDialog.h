@@ -30,6 +30,7 @@ public:
 protected:
     BOOL OnInitDialog() override;
     void OnCancel() override;
+    void OnOK() override { OnCancel(); }
 
     void OnMeasureItem(int nID, LPMEASUREITEMSTRUCT pMeasure);
     void OnDrawItem(int nID, LPDRAWITEMSTRUCT pDraw);

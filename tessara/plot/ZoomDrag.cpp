@@ -6,11 +6,23 @@
 
 namespace tessara {
 
+namespace {
+
+void Invert(CDC& dc, POINT a, POINT b) {
+    const int nOldMode = dc.SetROP2(R2_NOTXORPEN);
+    CRect rect(a, b);
+    rect.NormalizeRect();
+    dc.DrawFocusRect(&rect);
+    dc.SetROP2(nOldMode);
+}
+
+} // namespace
+
 bool CZoomDrag::Begin(CPoint point, const CRect& rcPlot, CWnd& wnd) {
     if (!rcPlot.PtInRect(point)) {
         return false;
     }
-    m_pWnd = &wnd;
+    m_hWnd = wnd.m_hWnd;
     m_anchor = point;
     m_last.reset();
     CRect onScreen = rcPlot;
@@ -20,30 +32,40 @@ bool CZoomDrag::Begin(CPoint point, const CRect& rcPlot, CWnd& wnd) {
 }
 
 void CZoomDrag::Move(CPoint point) {
-    if (!m_pWnd) {
+    if (!m_hWnd) {
         return;
     }
-    if (m_last) {
-        InvertRectangle(*m_pWnd, m_anchor, *m_last);
-    }
-    InvertRectangle(*m_pWnd, m_anchor, point);
+    InvertLast();
     m_last = point;
+    InvertLast();
+}
+
+/// The window may have gone.
+void CZoomDrag::InvertLast() const {
+    CWnd* const pWnd = CWnd::FromHandle(m_hWnd);
+    if (pWnd && m_last) {
+        InvertRectangle(*pWnd, m_anchor, *m_last);
+    }
+}
+
+void CZoomDrag::OnPaint(CDC& dc) const {
+    if (m_hWnd && m_last && dc.IsKindOf(RUNTIME_CLASS(CClientDC))) {
+        Invert(dc, m_anchor, *m_last);
+    }
 }
 
 void CZoomDrag::Cancel() {
-    if (!m_pWnd) {
+    if (!m_hWnd) {
         return;
     }
-    if (m_last) {
-        InvertRectangle(*m_pWnd, m_anchor, *m_last);
-    }
+    InvertLast();
     m_last.reset();
-    m_pWnd = nullptr;
+    m_hWnd = nullptr;
     ClipCursor(nullptr);
 }
 
 std::optional<CZoomDrag::CCorners> CZoomDrag::End(CPoint point) {
-    if (!m_pWnd) {
+    if (!m_hWnd) {
         return std::nullopt;
     }
     Cancel();
@@ -56,11 +78,7 @@ std::optional<CZoomDrag::CCorners> CZoomDrag::End(CPoint point) {
 
 void CZoomDrag::InvertRectangle(CWnd& wnd, POINT a, POINT b) {
     CClientDC dc(&wnd);
-    const int nOldMode = dc.SetROP2(R2_NOTXORPEN);
-    CRect rect(a, b);
-    rect.NormalizeRect();
-    dc.DrawFocusRect(&rect);
-    dc.SetROP2(nOldMode);
+    Invert(dc, a, b);
 }
 
 } // namespace tessara

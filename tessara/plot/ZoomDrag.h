@@ -18,21 +18,25 @@ class TESSARA_API CZoomDrag {
 public:
     using CCorners = std::pair<CPoint, CPoint>; ///< where the drag began and where it ended
 
-    /// Begins a drag in a window, which must live until End or Cancel. False, and nothing has begun, outside
-    /// the plot.
+    /// Begins a drag in a window. False, and nothing has begun, outside the plot.
     bool Begin(CPoint point, const CRect& rcPlot, CWnd& wnd);
-    bool IsUnderWay() const { return m_pWnd != nullptr; }
+    bool IsUnderWay() const { return m_hWnd != nullptr; }
     void Move(CPoint point);
     /// Ends the drag. Corners on one row or column are none, and the user is told so.
     std::optional<CCorners> End(CPoint point);
     /// Ends the drag without corners.
     void Cancel();
 
+    /// Call when a surface has been painted: when it is that of the window, the rectangle is drawn again.
+    void OnPaint(CDC& dc) const;
+
     /// Inverts the outline of a rectangle given by two corners; doing it twice restores the window.
     static void InvertRectangle(CWnd& wnd, POINT a, POINT b);
 
 private:
-    CWnd* m_pWnd = nullptr; ///< null when no drag is under way
+    void InvertLast() const;
+
+    HWND m_hWnd = nullptr; ///< null when no drag is under way
     CPoint m_anchor;
     std::optional<CPoint> m_last; ///< the corner of the rectangle on the screen
 };

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstring>
 
 #include "tests/curveplot/Plots.h"
@@ -239,6 +240,45 @@ TEST_F(CurveReadOut, AMultipartCurveIsReadOutByItsOwnValue) {
     Plot().SetOutputData(m_pLines.get());
 }
 
+TEST_F(CurveReadOut, AMarkThatNoWindowShowsAnyMoreIsNotTakenAwayTwice) {
+    Plot().DisplayValues(3.25);
+    Plot().DestroyGetValue();
+    m_window.UpdateWindow();
+    EXPECT_TRUE(MarkColumns().empty());
+    Plot().DisplayValues(6.75); // without a window
+    Plot().CreateGetValue(&m_window);
+    Plot().ShowGetValue(1);
+    Plot().DisplayValues(4.5);
+    const CPixelMap map = Plot().GetPixelMap();
+    for (const int nColumn : MarkColumns()) {
+        EXPECT_NEAR(map.GetX(nColumn), 4.5, 0.05);
+    }
+}
+
+TEST_F(CurveReadOut, CurvesAreCutAtCustomAxesWhenAskedTo) {
+    ASSERT_EQ(Plot().UseCustomScale(2, 2, 6, 1, 0), 1);
+    const auto fnReds = [&](const CRect& rect) {
+        const auto pixels = m_window.Pixels();
+        int nReds = 0;
+        for (int y = rect.top; y < rect.bottom; ++y) {
+            const auto row = pixels.begin() + y * CCurveWindow::WIDTH;
+            nReds += static_cast<int>(std::count(row + rect.left, row + rect.right, RED));
+        }
+        return nReds;
+    };
+    m_window.RedrawWindow();
+    const CRect plot = Plot().m_rcPlotDevice;
+    const CRect above(plot.left, 0, plot.right, plot.top - 8);
+    const int nInside = fnReds(plot);
+    EXPECT_GT(fnReds(above), 0);
+    Plot().CutToAxes(1);
+    m_window.RedrawWindow();
+    EXPECT_EQ(fnReds(above), 0);
+    EXPECT_NEAR(fnReds(plot), nInside, 4);
+    Plot().DisplayValues(9);
+    EXPECT_EQ(Lines().front(), "f~N = 9.00~N");
+}
+
 TEST(CurvePlotWithoutReadOut, KeepsItsOwnStateAlone) {
     CReadPlot plot;
     double dX = 1;
@@ -246,12 +286,17 @@ TEST(CurvePlotWithoutReadOut, KeepsItsOwnStateAlone) {
     plot.SetOutputData(&dX, &dY, 1);
     plot.ShowGetValue(1);
     plot.DisplayValues(1);
+    plot.DisplayValues(1);
     plot.OnMouseClick({5, 5}, nullptr);
     EXPECT_EQ(plot.IsGetValueVisible(), 0);
     EXPECT_EQ(plot.m_ValueLines.GetAt(0), "f(x)~N = 2.00~N");
     plot.ShowGetValue(0);
     plot.DestroyGetValue();
     EXPECT_EQ(plot.m_nFlags, 0U);
+    plot.CreateGetValue(nullptr); // a read-out without a window that shows the plot
+    plot.ShowGetValue(1);
+    plot.DisplayValues(1);
+    plot.ShowGetValue(0);
 }
 
 /// A zoomed plot shows pixels of its curve inside the frame alone.

@@ -125,7 +125,7 @@ TEST_F(DiagramModel, PickableColoursFollowTheMode) {
     m_diagram.ToggleMultiphasePoints();
     EXPECT_EQ(pickable(), "+++----++--");
     m_diagram.m_nFlags |= MF_CROSSSECTION;
-    EXPECT_EQ(pickable(), "-+-----++--");
+    EXPECT_EQ(pickable(), "-+-----+---");
     m_diagram.SetElementReadOut(true);
     EXPECT_EQ(pickable(), "+++--+++++-");
 }

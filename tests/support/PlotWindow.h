@@ -75,11 +75,17 @@ public:
     /// A pointer that is there already does not move, and the pointer's shape is asked for before a window
     /// hears of a move: so it comes from beside.
     void MoveTo(CPoint point) {
-        QTest::mouseMove(&Widget(), ToQt({point.x + 1, point.y}));
-        QTest::mouseMove(&Widget(), ToQt(point));
+        Send(QEvent::MouseMove, {point.x + 1, point.y});
+        Send(QEvent::MouseMove, point);
     }
-    void Press(CPoint point) { QTest::mousePress(&Widget(), Qt::LeftButton, {}, ToQt(point)); }
-    void Release(CPoint point) { QTest::mouseRelease(&Widget(), Qt::LeftButton, {}, ToQt(point)); }
+    void Press(CPoint point) {
+        m_eHeld = Qt::LeftButton;
+        Send(QEvent::MouseButtonPress, point, Qt::LeftButton);
+    }
+    void Release(CPoint point) {
+        m_eHeld = Qt::NoButton;
+        Send(QEvent::MouseButtonRelease, point, Qt::LeftButton);
+    }
     void Click(CPoint point) {
         MoveTo(point);
         Press(point);
@@ -111,7 +117,19 @@ protected:
     }
 
 private:
-    static QPoint ToQt(CPoint point) { return {point.x, point.y}; }
+    /// As the screen tells of it: exact also where one of Qt's units is several pixels.
+    void Send(QEvent::Type eType, CPoint point, Qt::MouseButton eButton = Qt::NoButton) {
+        constexpr int BETWEEN_CLICKS = 1000; // ms; quicker ones would be double clicks
+        static int s_nTime = 0;
+        QWidget& widget = Widget();
+        const QPointF at = QPointF(point.x, point.y) / widget.devicePixelRatio();
+        qt_handleMouseEvent(widget.window()->windowHandle(), at + widget.mapTo(widget.window(), QPointF()),
+                            widget.mapToGlobal(at), m_eHeld, eButton, eType, Qt::NoModifier,
+                            s_nTime += BETWEEN_CLICKS);
+        QCoreApplication::processEvents();
+    }
+
+    Qt::MouseButton m_eHeld = Qt::NoButton;
 };
 
 /// The open window of a dialog template, or null.

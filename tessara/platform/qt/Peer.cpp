@@ -50,6 +50,14 @@ LPARAM PackPoint(QPointF point, double dRatio) {
                       static_cast<int>(std::floor(point.y() * dRatio)));
 }
 
+/// Where a mouse event happened in a widget. Qt rounds the position there to its own units, which are several
+/// pixels of a dense screen; the one in the window is exact, unless a program has made the event itself.
+QPointF ExactPosition(const QMouseEvent& event, const QWidget& widget) {
+    const QPointF exact = event.scenePosition() - widget.mapTo(widget.window(), QPointF());
+    const QPointF off = exact - event.position();
+    return std::abs(off.x()) < 1 && std::abs(off.y()) < 1 ? exact : event.position();
+}
+
 /// The messages of a button: pressed, released, pressed twice.
 struct CButtonMessages {
     Qt::MouseButton eButton;
@@ -203,7 +211,7 @@ bool CPeer::OnMouseMessage(UINT nMessage, const QMouseEvent& event) {
     const bool bShaped =
         Tell(m_hWnd, WM_SETCURSOR, reinterpret_cast<WPARAM>(m_hWnd), static_cast<LPARAM>(nHit)).bHandled;
     const CReply reply = Tell(m_hWnd, nMessage, HeldKeys(event.buttons(), event.modifiers()),
-                              PackPoint(event.position(), GetRatio()));
+                              PackPoint(ExactPosition(event, *m_pClient), GetRatio()));
     if (!FindWindow(m_hWnd)) {
         return true; // the handler destroyed the window
     }
