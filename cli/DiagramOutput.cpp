@@ -2,6 +2,7 @@
 
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/gdi/DC.h"
+#include "tessara/plot/CustomScale.h"
 
 namespace tessara {
 
@@ -9,16 +10,33 @@ namespace {
 
 enum DiagramAxis : int { ABSCISSA_AXIS = 1, ORDINATE_AXIS = 2 };
 
-void SetScale(CPhaseDiagramOutput& output, DiagramAxis axis, const std::optional<AXISSCALE>& scale) {
-    if (scale && !output.UseCustomScale(axis, scale->dFrom, scale->dTo, scale->dStep, scale->nExponent)) {
+void CheckScale(const std::optional<AXISSCALE>& scale) {
+    if (scale && !CCustomScale{scale->dFrom, scale->dTo, scale->dStep, scale->nExponent}.IsUsable()) {
         throw CException("not a scale that can be drawn");
+    }
+}
+
+void SetScale(CPhaseDiagramOutput& output, DiagramAxis axis, const std::optional<AXISSCALE>& scale) {
+    if (scale) {
+        output.UseCustomScale(axis, scale->dFrom, scale->dTo, scale->dStep, scale->nExponent);
+    } else {
+        output.UseAutomaticScale(axis);
     }
 }
 
 } // namespace
 
-CDiagramOutput::CDiagramOutput(const DIAGRAM& diagram) : m_Data(diagram) {
-    m_Data.ApplyTo(*this);
+CDiagramOutput::CDiagramOutput(const DIAGRAM& diagram) {
+    TakeDiagram(diagram);
+}
+
+void CDiagramOutput::TakeDiagram(const DIAGRAM& diagram) {
+    CheckScale(diagram.x.scale);
+    CheckScale(diagram.y.scale);
+    auto pData = std::make_unique<CDiagramData>(diagram);
+    Reset();
+    pData->ApplyTo(*this);
+    m_pData = std::move(pData); // the renderer has let go of those before
     SetTexts(diagram);
     SetRegion(diagram);
     SetBoundaries(diagram);
@@ -27,12 +45,8 @@ CDiagramOutput::CDiagramOutput(const DIAGRAM& diagram) : m_Data(diagram) {
 
 void CDiagramOutput::SetTexts(const DIAGRAM& diagram) {
     SetPhaseDiagramName(diagram.name.value_or("").c_str());
-    if (diagram.x.symbol) {
-        SetAbscissaSymbol(diagram.x.symbol->c_str());
-    }
-    if (diagram.y.symbol) {
-        SetOrdinateSymbol(diagram.y.symbol->c_str());
-    }
+    SetAbscissaSymbol(diagram.x.symbol.value_or("x~N").c_str());
+    SetOrdinateSymbol(diagram.y.symbol.value_or("f(x)~N").c_str());
     if (diagram.slide) {
         SetSlideName(diagram.slide->c_str());
     }

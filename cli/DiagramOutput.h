@@ -12,7 +12,10 @@ public:
     explicit CDiagramOutput(const DIAGRAM& diagram);
 
 protected:
-    const CDiagramData& GetData() const { return m_Data; }
+    /// Shows another record, without a zoom of before. Throws as the constructor does, and nothing has
+    /// changed then. REQUIRES: the record has a cloud-point curve, and a spinodal, if the one before had.
+    void TakeDiagram(const DIAGRAM& diagram);
+    const CDiagramData& GetData() const { return *m_pData; }
 
 private:
     void SetTexts(const DIAGRAM& diagram);
@@ -20,7 +23,7 @@ private:
     void SetBoundaries(const DIAGRAM& diagram);
     void SetLook(const DIAGRAM& diagram);
 
-    CDiagramData m_Data;
+    std::unique_ptr<CDiagramData> m_pData;
 };
 
 } // namespace tessara

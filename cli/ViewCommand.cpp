@@ -14,6 +14,7 @@ namespace tessara {
 namespace {
 
 constexpr const char* PLATFORM = "QT_QPA_PLATFORM";
+constexpr const char* SCREENSHOT_SIZE = "1000x700"; ///< of the window
 constexpr double SCREEN_DOTS_PER_INCH = 96;
 
 constexpr const char* EXAMPLES =
@@ -31,8 +32,8 @@ CViewerStart StartOf(const VIEWOPTIONS& options, const std::string& strVersion) 
     start.source = {options.strFile, options.columns, options.delimiter, options.bSort};
     start.strVersion = strVersion;
     start.strScreenshot = options.strScreenshot;
-    if (options.size) {
-        start.size.emplace(*options.size, SCREEN_DOTS_PER_INCH);
+    if (options.size || !options.strScreenshot.empty()) {
+        start.size.emplace(options.size.value_or(SCREENSHOT_SIZE), SCREEN_DOTS_PER_INCH);
     }
     return start;
 }
@@ -50,7 +51,7 @@ void DeclareViewOptions(CLI::App& command, VIEWOPTIONS& options) {
     DeclareColumns(command, options);
     command.add_option("--screenshot", options.strScreenshot, "write a picture of the window and end: .png")
         ->option_text("OUT");
-    command.add_option("--size", options.size, "size of the window as 1000x700 (pixels)")
+    command.add_option("--size", options.size, "size of the window in pixels; 1000x700 for a picture")
         ->option_text("SIZE");
     command.footer(EXAMPLES);
 }

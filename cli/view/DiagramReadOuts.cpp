@@ -4,8 +4,6 @@ namespace tessara {
 
 namespace {
 
-constexpr EReadOut READ_OUTS[] = {EReadOut::getValue, EReadOut::extendedGetValue, EReadOut::crossSection};
-
 /// What the renderer does with one of its windows.
 struct READOUTWINDOW {
     void (CPhaseDiagramOutput::*pCreate)(CWnd* pParent);
@@ -67,26 +65,20 @@ void CDiagramReadOuts::Destroy() {
     }
 }
 
-/// The renderer ends picking when it hides any of its windows; the others go on.
 void CDiagramReadOuts::Show(EReadOut eReadOut, bool bShow) {
-    if (Offers(eReadOut)) {
-        (m_output.*WindowOf(eReadOut).pShow)(bShow);
-        m_output.FollowReadOuts();
+    if (!Offers(eReadOut)) {
+        return;
     }
+    for (const EReadOut eOther : READ_OUTS) {
+        if (bShow && eOther != eReadOut && IsVisible(eOther)) {
+            (m_output.*WindowOf(eOther).pShow)(0);
+        }
+    }
+    (m_output.*WindowOf(eReadOut).pShow)(bShow);
 }
 
 bool CDiagramReadOuts::IsVisible(EReadOut eReadOut) const {
     return (m_output.*WindowOf(eReadOut).pIsVisible)() != 0;
-}
-
-std::vector<EReadOut> CDiagramReadOuts::GetVisible() const {
-    std::vector<EReadOut> visible;
-    for (const EReadOut eReadOut : READ_OUTS) {
-        if (IsVisible(eReadOut)) {
-            visible.push_back(eReadOut);
-        }
-    }
-    return visible;
 }
 
 } // namespace tessara

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "cli/view/ShownPlot.h"
 #include "cli/view/ViewedDiagram.h"
 
@@ -17,9 +15,9 @@ public:
     /// Makes the windows that are offered, hidden.
     void Create(CWnd* pView);
     void Destroy();
+    /// Shows one in place of another that is shown, or hides it.
     void Show(EReadOut eReadOut, bool bShow);
     bool IsVisible(EReadOut eReadOut) const;
-    std::vector<EReadOut> GetVisible() const;
 
 private:
     CViewedDiagram& m_output;

@@ -6,15 +6,6 @@ namespace tessara {
 
 namespace {
 
-/// Elements as the renderer numbers them.
-enum Element : int {
-    SPINODAL = 0,
-    CLOUD_POINTS = 2,
-    CLOUD_POINTS_NON_PHYSICAL = 5,
-    CRITICAL_POINTS = 6,
-    MULTIPHASE_POINTS = 7
-};
-
 constexpr const char* NUMBER_FORMAT = "%.6lg";
 
 /// The lines of one element, in their order.
@@ -55,7 +46,7 @@ std::string Named(const char* pszName, const char* pszBranch) {
 
 void AddCloudPoints(CPhaseDiagramOutput& output, const DIAGRAM& diagram, const CDiagramData& data,
                     int nElement) {
-    const bool bPhysical = nElement == CLOUD_POINTS;
+    const bool bPhysical = nElement == ELEMENT_CLOUD_POINT_CURVE;
     CElementLines lines(output, nElement);
     lines.AddHeading(Named("Cloud-point curve", BinodalBranch(diagram.binodal, bPhysical ? 0 : 1)));
     lines.AddCoordinates(diagram);
@@ -82,14 +73,14 @@ const char* BinodalBranch(const DIAGRAMCURVE& binodal, int nColor) {
 }
 
 void AddElementFormats(CPhaseDiagramOutput& output, const DIAGRAM& diagram, const CDiagramData& data) {
-    CElementLines spinodal(output, SPINODAL);
+    CElementLines spinodal(output, ELEMENT_SPINODAL);
     spinodal.AddHeading(Named("Spinodal curve", SpinodalBranch(diagram.spinodal, 0)));
     spinodal.AddCoordinates(diagram);
     spinodal.AddColumns(CDiagramData::FIRST_SPINODAL_COLUMN, data.GetSpinodalColumns());
-    AddCloudPoints(output, diagram, data, CLOUD_POINTS);
-    AddCloudPoints(output, diagram, data, CLOUD_POINTS_NON_PHYSICAL);
-    AddPoints(output, diagram, CRITICAL_POINTS, "Critical point");
-    AddPoints(output, diagram, MULTIPHASE_POINTS, "Multiphase point");
+    AddCloudPoints(output, diagram, data, ELEMENT_CLOUD_POINT_CURVE);
+    AddCloudPoints(output, diagram, data, ELEMENT_CLOUD_POINT_CURVE_NON_PHYSICAL);
+    AddPoints(output, diagram, ELEMENT_CRITICAL_POINTS, "Critical point");
+    AddPoints(output, diagram, ELEMENT_MULTIPHASE_POINTS, "Multiphase point");
 }
 
 } // namespace tessara

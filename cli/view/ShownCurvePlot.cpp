@@ -9,17 +9,13 @@
 #include "cli/view/ValuesText.h"
 #include "tessara/platform/ui/ClientDC.h"
 #include "tessara/platform/ui/Pointer.h"
+#include "tessara/plot/LibraryCursors.h"
 
 namespace tessara {
 
-namespace {
-
-constexpr UINT READ_OUT_CURSOR = 16386;
-
-} // namespace
-
 CShownCurvePlot::CShownCurvePlot(PLOTOPTIONS options, PLOTSOURCE source)
     : m_options(std::move(options)), m_source(std::move(source)), m_walk(m_plot) {
+    m_plot.CutToAxes(TRUE);
     ShowData({});
     m_bLegendOffered = m_pData->GetNumCurves() > 1 || m_plot.m_bShowLegend;
 }
@@ -31,14 +27,49 @@ CShownCurvePlot::~CShownCurvePlot() {
 /// Tried on another plot first, since this one is to stay as it is when the scales cannot be shown.
 void CShownCurvePlot::ShowData(const CAxisScales& scales) {
     const CPlotSetup setup(m_options, CPlotScales(scales.x, scales.y));
-    auto pData =
-        std::make_unique<CPlotData>(m_source.curves, m_source.symbols, setup.GetWindow(), PlotGaps::Stay);
+    const CPlotData cut(m_source.curves, m_source.symbols, setup.GetWindow(), PlotGaps::Stay);
     COutputCurve trial;
-    setup.ApplyTo(trial, *pData);
+    setup.ApplyTo(trial, cut);
+    auto pData = std::make_unique<CPlotData>(m_source.curves, m_source.symbols, PLOTWINDOW(), PlotGaps::Stay);
     setup.ApplyTo(m_plot, *pData);
     m_pData = std::move(pData);
     m_walk.SetData(*m_pData);
     m_scales = scales;
+    FitAxis(trial);
+}
+
+/// Beside an axis with a scale, the automatic one is that of the data which the scale shows.
+void CShownCurvePlot::FitAxis(COutputCurve& cut) {
+    if (m_scales.x.has_value() == m_scales.y.has_value()) {
+        return;
+    }
+    CDC nowhere; // painting chooses the scale
+    cut.Paint(&nowhere, {0, 0, 1, 1}, nullptr);
+    if (m_scales.x) {
+        m_plot.m_FunctionScale = cut.m_FunctionScale;
+        m_plot.m_nFlags |= OCF_CUSTOMFUNCTION;
+    } else {
+        m_plot.m_ArgumentScale = cut.m_ArgumentScale;
+        m_plot.m_nFlags |= OCF_CUSTOMARGUMENT;
+    }
+}
+
+bool CShownCurvePlot::Follow(CShownPlot& next) {
+    auto* const pNext = dynamic_cast<CShownCurvePlot*>(&next);
+    if (!pNext) {
+        return false;
+    }
+    const COutputCurve& plot = pNext->m_plot;
+    m_plot.SetNames(plot.m_strCurveName, plot.m_strCurveSymbol, plot.m_strArgumentName,
+                    plot.m_strCurveArgument); // which a file without names leaves
+    m_plot.m_bShowLegend = plot.m_bShowLegend;
+    m_plot.m_bShowCaption = plot.m_bShowCaption;
+    m_plot.m_bMonochrome = plot.m_bMonochrome;
+    m_options = std::move(pNext->m_options);
+    m_source = std::move(pNext->m_source);
+    m_bLegendOffered = pNext->m_bLegendOffered;
+    SetScales(pNext->m_scales);
+    return true;
 }
 
 std::string CShownCurvePlot::GetName() const {
@@ -48,7 +79,9 @@ std::string CShownCurvePlot::GetName() const {
 DRAWING CShownCurvePlot::GetDrawing() {
     return {[this](CDC& dc, const RECT& rc) {
                 const auto paint = [&] { return m_plot.Paint(&dc, rc, nullptr); };
-                return IsPictureSurface(dc) ? PaintPicture(paint) : paint();
+                const int nPainted = IsPictureSurface(dc) ? PaintPicture(paint) : paint();
+                m_zoomPointer.OnPaint(dc);
+                return nPainted;
             },
             [this](CDC& dc, const RECT& rc, const char* pszPath) {
                 return PaintPicture([&] { return m_plot.Export(&dc, rc, pszPath); });
@@ -205,7 +238,7 @@ bool CShownCurvePlot::OnSetCursor() {
     if (!m_plot.IsGetValueVisible()) {
         return false;
     }
-    SetCursor(LoadCursor(m_bOverCurve ? READ_OUT_CURSOR : IDC_ARROW));
+    SetCursor(LoadCursor(m_bOverCurve ? UINT{CURSOR_READ_OUT} : UINT{IDC_ARROW}));
     return true;
 }
 
@@ -244,7 +277,11 @@ std::optional<CPlotMark> CShownCurvePlot::GetMark() const {
 void CShownCurvePlot::SetMark(const CPlotMark& mark) {
     if (m_plot.IsGetValueVisible()) {
         m_walk.Pick(static_cast<int>(mark.nPicked));
-        m_plot.PickArgument(mark.dX);
+        if (GetMark() && m_plot.m_dMarkArgument == mark.dX) {
+            m_plot.DisplayValues(mark.dX); // leaves what the user is typing
+        } else {
+            m_plot.PickArgument(mark.dX);
+        }
     }
 }
 

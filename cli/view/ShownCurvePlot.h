@@ -10,7 +10,7 @@ namespace tessara {
 
 class CValuesText;
 
-/// Columns as a curve plot. The window stays the plot's while scales change.
+/// Columns as a curve plot. Scales cut what is drawn; values are read out from all of the data.
 class CShownCurvePlot : public CShownPlot {
 public:
     /// Throws CException for columns that cannot be drawn.
@@ -18,6 +18,7 @@ public:
     ~CShownCurvePlot() override;
 
     std::string GetName() const override;
+    bool Follow(CShownPlot& next) override;
     DRAWING GetDrawing() override;
     std::string GetValuesText() const override;
 
@@ -50,14 +51,15 @@ public:
 
 private:
     void ShowData(const CAxisScales& scales);
+    void FitAxis(COutputCurve& cut);
     int* FindSwitch(EPlotSwitch eSwitch) const;
     int PaintPicture(const std::function<int()>& fnPaint);
     void AddValues(CValuesText& text, const CColumnFile& file) const;
     std::string GetArgumentTitle() const;
     std::string GetFunctionTitle() const;
 
-    const PLOTOPTIONS m_options;
-    const PLOTSOURCE m_source;
+    PLOTOPTIONS m_options;
+    PLOTSOURCE m_source;
     CAxisScales m_scales;
     std::unique_ptr<CPlotData> m_pData; ///< shown by the plot, which follows
     mutable COutputCurve m_plot;        ///< what only asks it is not const there

@@ -1,7 +1,5 @@
 #include "cli/view/ShownDiagram.h"
 
-#include <vector>
-
 #include "cli/view/DiagramValues.h"
 #include "cli/view/SectionPlot.h"
 #include "cli/view/ShownWindow.h"
@@ -31,6 +29,12 @@ std::optional<CZoomWindow> TakeZoom(DIAGRAM& diagram) {
     return CZoomWindow{zoom.dXMax, zoom.dXMin, zoom.dYMax, zoom.dYMin};
 }
 
+bool HaveSameElements(const DIAGRAM& a, const DIAGRAM& b) {
+    return a.binodal.parts.empty() == b.binodal.parts.empty() &&
+           a.spinodal.parts.empty() == b.spinodal.parts.empty() &&
+           a.critical.x.empty() == b.critical.x.empty() && a.multiphase.x.empty() == b.multiphase.x.empty();
+}
+
 /// The member that a switch turns on and off; null for a switch that the diagram does not have.
 template <class RECORD>
 auto FlagOf(RECORD& diagram, EPlotSwitch eSwitch) -> decltype(&diagram.bLegend) {
@@ -51,12 +55,25 @@ auto FlagOf(RECORD& diagram, EPlotSwitch eSwitch) -> decltype(&diagram.bLegend) 
 
 CShownDiagram::CShownDiagram(DIAGRAM diagram) : m_diagram(std::move(diagram)) {
     const auto zoom = TakeZoom(m_diagram);
-    Replace(std::make_unique<CViewedDiagram>(m_diagram));
+    m_pOutput = std::make_unique<CViewedDiagram>(m_diagram);
+    m_walk.emplace(*m_pOutput);
+    m_readOuts.emplace(*m_pOutput, m_diagram);
     CShownDiagram::SetZoom(zoom);
 }
 
 CShownDiagram::~CShownDiagram() {
     m_readOuts->Destroy();
+}
+
+/// Which windows there are, and what stays of a diagram in the renderer, depends on the kinds of elements.
+bool CShownDiagram::Follow(CShownPlot& next) {
+    auto* const pNext = dynamic_cast<CShownDiagram*>(&next);
+    if (!pNext || !HaveSameElements(m_diagram, pNext->m_diagram)) {
+        return false;
+    }
+    m_diagram = std::move(pNext->m_diagram);
+    m_pOutput->ShowDiagram(m_diagram);
+    return true;
 }
 
 DRAWING CShownDiagram::GetDrawing() {
@@ -100,35 +117,11 @@ void CShownDiagram::SetScales(const CAxisScales& scales) {
     m_diagram.x.scale = scales.x;
     m_diagram.y.scale = scales.y;
     try {
-        Replace(std::make_unique<CViewedDiagram>(m_diagram));
+        m_pOutput->ShowDiagram(m_diagram);
     } catch (...) {
         m_diagram.x.scale = before.x;
         m_diagram.y.scale = before.y;
         throw;
-    }
-}
-
-/// The windows are those of the output that goes; their content comes back with the mark, where that is
-/// shown.
-void CShownDiagram::Replace(std::unique_ptr<CViewedDiagram> pOutput) {
-    const std::unique_ptr<CViewedDiagram> pBefore = std::move(m_pOutput);
-    const std::vector<EReadOut> visible = m_readOuts ? m_readOuts->GetVisible() : std::vector<EReadOut>();
-    if (pBefore) {
-        m_readOuts->Destroy();
-        pOutput->LayOutAs(*pBefore);
-        pOutput->EnableZoomInMode(pBefore->IsZoomInModeEnabled());
-    }
-    m_pOutput = std::move(pOutput);
-    m_walk.emplace(*m_pOutput);
-    m_readOuts.emplace(*m_pOutput, m_diagram);
-    if (m_pView) {
-        m_readOuts->Create(m_pView);
-    }
-    for (const EReadOut eReadOut : visible) {
-        m_readOuts->Show(eReadOut, true);
-    }
-    if (!visible.empty() && pBefore->IsMarked()) {
-        SetMark({pBefore->GetMarkX(), pBefore->GetMarkY(), pBefore->GetPicked()});
     }
 }
 
@@ -157,12 +150,12 @@ void CShownDiagram::EnableZoomInMode(bool bEnable) {
 }
 
 void CShownDiagram::OnLButtonDown(CPoint point) {
-    m_pOutput->FollowReadOuts();
+    FollowReadOuts();
     m_pOutput->OnLButtonDown(point, m_pView);
 }
 
 void CShownDiagram::OnMouseMove(CPoint point) {
-    m_pOutput->FollowReadOuts();
+    FollowReadOuts();
     m_pOutput->OnMouseMove(point, m_pView);
     m_bOverElement = m_pOutput->IsOverElement() && GetPixelMap().rect.PtInRect(point);
     OnSetCursor();
@@ -176,7 +169,7 @@ bool CShownDiagram::OnSetCursor() {
     if (m_pOutput->OnSetCursor(m_pView, 0, 0)) {
         return true;
     }
-    if (!m_pOutput->IsAnyReadOutVisible()) {
+    if (!GetReadOut()) {
         return false;
     }
     SetCursor(LoadCursor(m_bOverElement ? IDC_CROSS : IDC_ARROW));
@@ -195,25 +188,31 @@ void CShownDiagram::Detach() {
 }
 
 void CShownDiagram::ShowReadOut(EReadOut eReadOut, bool bShow) {
-    if (m_pView) {
-        m_readOuts->Show(eReadOut, bShow);
+    if (!m_pView) {
+        return;
+    }
+    const auto mark = GetMark();
+    m_readOuts->Show(eReadOut, bShow);
+    FollowReadOuts();
+    if (mark && bShow && m_pOutput->CanPick(mark->nPicked)) {
+        SetMark(*mark);
     }
 }
 
 bool CShownDiagram::Walk(EWalk eWalk) {
-    m_pOutput->FollowReadOuts();
-    return m_pOutput->IsAnyReadOutVisible() && m_walk->Walk(eWalk);
+    FollowReadOuts();
+    return GetReadOut() && m_walk->Walk(eWalk);
 }
 
 std::optional<CPlotMark> CShownDiagram::GetMark() const {
-    if (!m_pOutput->IsAnyReadOutVisible() || !m_pOutput->IsMarked()) {
+    if (!GetReadOut() || !m_pOutput->IsMarked()) {
         return std::nullopt;
     }
     return CPlotMark{m_pOutput->GetMarkX(), m_pOutput->GetMarkY(), m_pOutput->GetPicked()};
 }
 
 void CShownDiagram::SetMark(const CPlotMark& mark) {
-    m_pOutput->FollowReadOuts();
+    FollowReadOuts();
     if (ShownWindow(GetScales(), std::nullopt).Contains(mark.dX, mark.dY)) {
         m_pOutput->PickPoint(mark.dX, mark.dY, mark.nPicked);
     }

@@ -9,8 +9,7 @@
 namespace tessara {
 
 /// A diagram file as a plot. Its zoom is the first that is shown; scales of the file that do not hold all of
-/// the zoom are dropped, for in a file a zoom overrules them. Other scales rebuild the plot, and its read-out
-/// windows with it.
+/// the zoom are dropped, for in a file a zoom overrules them.
 class CShownDiagram : public CShownPlot {
 public:
     /// Throws CException when nothing of the diagram lies within its scales.
@@ -18,6 +17,7 @@ public:
     ~CShownDiagram() override;
 
     std::string GetName() const override { return m_diagram.name.value_or(""); }
+    bool Follow(CShownPlot& next) override;
     DRAWING GetDrawing() override;
     std::string GetValuesText() const override;
 
@@ -51,7 +51,7 @@ public:
 
 private:
     void ApplyFlags();
-    void Replace(std::unique_ptr<CViewedDiagram> pOutput);
+    void FollowReadOuts() const { m_pOutput->PickFor(GetReadOut()); }
 
     DIAGRAM m_diagram; ///< as it is shown, without a zoom
     std::unique_ptr<CViewedDiagram> m_pOutput;

@@ -1,5 +1,7 @@
 #include "cli/view/ShownPlot.h"
 
+#include <algorithm>
+
 #include "cli/DiagramFile.h"
 #include "cli/PlotSetup.h"
 #include "cli/TextFile.h"
@@ -44,6 +46,16 @@ std::unique_ptr<CShownPlot> OpenCurves(const std::string& strText, const CViewSo
 }
 
 } // namespace
+
+bool CShownPlot::Follow(CShownPlot&) {
+    return false;
+}
+
+std::optional<EReadOut> CShownPlot::GetReadOut() const {
+    const auto* const pShown = std::find_if(std::begin(READ_OUTS), std::end(READ_OUTS),
+                                            [this](EReadOut eReadOut) { return IsReadOutVisible(eReadOut); });
+    return pShown == std::end(READ_OUTS) ? std::nullopt : std::optional(*pShown);
+}
 
 std::unique_ptr<CShownPlot> CShownPlot::OpenSection(int, std::unique_ptr<CTable>) const {
     return nullptr;

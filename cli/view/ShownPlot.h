@@ -19,6 +19,9 @@ enum class EPlotSwitch { legend, caption, monochrome, multiphasePoints };
 /// The windows that read values out.
 enum class EReadOut { getValue, extendedGetValue, crossSection };
 
+inline constexpr EReadOut READ_OUTS[] = {EReadOut::getValue, EReadOut::extendedGetValue,
+                                         EReadOut::crossSection};
+
 /// Where the arrow keys take the mark: along the picked curve, or to another one.
 enum class EWalk { back, forward, previousCurve, nextCurve };
 
@@ -50,6 +53,10 @@ public:
 
     /// The caption: plain text.
     virtual std::string GetName() const = 0;
+    /// Shows what another plot shows, with its switches and scales and without a zoom; the other is spent
+    /// then. Read-out windows, what is marked and zoom-in mode stay. Does not invalidate the view. False, and
+    /// nothing has happened, for a plot that has other windows.
+    virtual bool Follow(CShownPlot& next);
     /// Paints and writes pictures. Lives as long as this object.
     virtual DRAWING GetDrawing() = 0;
     /// The shown values as lines of tab-separated numbers under a line of names.
@@ -95,8 +102,11 @@ public:
     virtual void Attach(CWnd* pView) = 0;
     /// Destroys the read-out windows; the view is about to go, or to show something else.
     virtual void Detach() = 0;
+    /// Showing one hides another that is shown; what was marked stays where the new one can read it out.
     virtual void ShowReadOut(EReadOut eReadOut, bool bShow) = 0;
     virtual bool IsReadOutVisible(EReadOut eReadOut) const = 0;
+    /// The read-out that is shown.
+    std::optional<EReadOut> GetReadOut() const;
     /// Moves the mark while a read-out is shown; picks the first curve when none is picked. A step is the
     /// next point of the curve that lies at another pixel. False when there is nowhere to go.
     virtual bool Walk(EWalk eWalk) = 0;

@@ -38,10 +38,27 @@ CValues ValuesOf(const double* pValues, int nPoints) {
 
 } // namespace
 
-CViewedDiagram::CViewedDiagram(const DIAGRAM& diagram)
-    : CDiagramOutput(diagram), m_leftBoundary(diagram.leftBoundary), m_rightBoundary(diagram.rightBoundary) {
-    EnableCriticalPointsClicking(TRUE);
+CViewedDiagram::CViewedDiagram(const DIAGRAM& diagram) : CDiagramOutput(diagram) {
+    Prepare(diagram);
+    PickFor(std::nullopt);
+}
+
+void CViewedDiagram::Prepare(const DIAGRAM& diagram) {
+    m_leftBoundary = diagram.leftBoundary;
+    m_rightBoundary = diagram.rightBoundary;
     AddElementFormats(*this, diagram, GetData());
+}
+
+void CViewedDiagram::ShowDiagram(const DIAGRAM& diagram) {
+    const CRect rcPaint = m_rcPaint;
+    const CKept critical(m_bCriticalPointsClicking);
+    const CKept zoomInMode(m_bZoomInMode);
+    TakeDiagram(diagram);
+    Prepare(diagram);
+    if (!rcPaint.IsRectEmpty()) {
+        CDC nowhere;
+        Paint(&nowhere, rcPaint, nullptr);
+    }
 }
 
 int CViewedDiagram::PaintOn(CDC& dc, const RECT& rc) {
@@ -72,25 +89,13 @@ void CViewedDiagram::FollowBoundaries() {
     m_dRightBoundary = m_rightBoundary.value_or(0);
 }
 
-void CViewedDiagram::LayOutAs(const CViewedDiagram& other) {
-    if (!other.m_rcPaint.IsRectEmpty()) {
-        CDC nowhere;
-        Paint(&nowhere, other.m_rcPaint, nullptr);
-    }
-}
-
-bool CViewedDiagram::IsAnyReadOutVisible() {
-    return IsGetValueVisible() || IsExtendedGetValueVisible() || IsCrossSectionVisible();
-}
-
-void CViewedDiagram::FollowReadOuts() {
-    SetElementReadOut(IsExtendedGetValueVisible());
+void CViewedDiagram::PickFor(std::optional<EReadOut> eReadOut) {
+    const bool bSection = eReadOut == EReadOut::crossSection;
+    SetElementReadOut(eReadOut == EReadOut::extendedGetValue);
+    EnableCriticalPointsClicking(!bSection);
     m_nFlags &= ~DWORD{MF_READOUT | MF_CROSSSECTION};
-    if (IsAnyReadOutVisible()) {
-        m_nFlags |= MF_READOUT;
-    }
-    if (IsCrossSectionVisible() && !IsGetValueVisible() && !IsExtendedGetValueVisible()) {
-        m_nFlags |= MF_CROSSSECTION;
+    if (eReadOut) {
+        m_nFlags |= bSection ? MF_READOUT | MF_CROSSSECTION : MF_READOUT;
     }
 }
 

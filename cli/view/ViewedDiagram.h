@@ -5,6 +5,7 @@
 
 #include "cli/DiagramOutput.h"
 #include "cli/view/CurveWalk.h"
+#include "cli/view/ShownPlot.h"
 
 namespace tessara {
 
@@ -19,13 +20,13 @@ public:
     /// stay those of the screen.
     int PaintOn(CDC& dc, const RECT& rc);
     int ExportOn(CDC& dc, const RECT& rc, const char* pszPath);
-    /// Brings the pixels of the mouse up to date without painting, in the rectangle of the last paint of
-    /// another diagram.
-    void LayOutAs(const CViewedDiagram& other);
+    /// Shows another record, without a zoom; windows, the mark and zoom-in mode stay. The pixels of the mouse
+    /// are up to date without painting. Throws, and nothing has changed then, when there is nothing to be
+    /// seen. REQUIRES: it has the kinds of elements that the one before had.
+    void ShowDiagram(const DIAGRAM& diagram);
 
-    bool IsAnyReadOutVisible();
-    /// Clicks pick what the visible read-out windows are for, also after one of them was closed by itself.
-    void FollowReadOuts();
+    /// Clicks pick what a read-out window is for; nothing without one.
+    void PickFor(std::optional<EReadOut> eReadOut);
     bool IsOverElement() const { return (m_nFlags & MF_OVERELEMENT) != 0; }
 
     bool IsMarked() const { return (m_nFlags & MF_MARKSHOWN) != 0; }
@@ -33,6 +34,8 @@ public:
     double GetMarkY() const { return m_dMarkY; }
     /// The colour of the element picked last.
     DWORD GetPicked() const { return m_crSelected; }
+    /// Whether the read-out allows an element of that colour to be picked.
+    bool CanPick(DWORD crElement) { return IsValidColor(crElement) != 0; }
     /// The colours of the elements that are there and that the read-out allows to be picked.
     std::vector<DWORD> GetPickable();
     /// All that is drawn in an element's colour.
@@ -44,10 +47,11 @@ private:
     template <class TAKEPART, class TAKEPOINTS>
     void ForEachPiece(DWORD crElement, TAKEPART takePart, TAKEPOINTS takePoints);
     int PaintPicture(CDC& dc, const RECT& rc, const char* pszPath);
+    void Prepare(const DIAGRAM& diagram);
     void FollowBoundaries();
 
-    const std::optional<double> m_leftBoundary;
-    const std::optional<double> m_rightBoundary;
+    std::optional<double> m_leftBoundary;
+    std::optional<double> m_rightBoundary;
 };
 
 } // namespace tessara

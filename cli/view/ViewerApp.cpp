@@ -140,7 +140,7 @@ BOOL CViewerApp::OnIdle(LONG nCount) {
 }
 
 /// A Cross Section window hides when it has asked, so who may ask is noted before.
-void CViewerApp::NoteSection(const CViewerFrame* pFrame) {
+void CViewerApp::NoteSection(CViewerFrame* pFrame) {
     if (pFrame && pFrame->IsSectionShown()) {
         m_pSection = pFrame;
     } else if (!m_pSection) {
@@ -166,6 +166,8 @@ void CViewerApp::OpenSection(int nColumn, std::unique_ptr<CTable> pTable) {
         CViewerFrame& frame = NewFrame();
         ShowFrame(frame);
         frame.ShowSection(std::move(pPlot));
+    } else if (pSource) {
+        m_pSection->Say("No cross section: the curve has no point there");
     }
 }
 

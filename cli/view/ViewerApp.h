@@ -61,11 +61,11 @@ private:
     void StartForScreenshot();
     void WriteScreenshot() const;
     CViewerFrame* FrameInUse() const;
-    void NoteSection(const CViewerFrame* pFrame);
+    void NoteSection(CViewerFrame* pFrame);
 
     CViewerStart m_start;
-    std::vector<CViewerFrame*> m_frames;      ///< that used last at the end
-    const CViewerFrame* m_pSection = nullptr; ///< whose Cross Section window was used last
+    std::vector<CViewerFrame*> m_frames; ///< that used last at the end
+    CViewerFrame* m_pSection = nullptr;  ///< whose Cross Section window was used last
     std::exception_ptr m_pFailure;
 };
 

@@ -8,6 +8,7 @@
 #include "cli/view/ViewerKeysDialog.h"
 #include "cli/view/ViewerPlacement.h"
 #include "cli/view/ViewerResources.h"
+#include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/ui/CmdUI.h"
 #include "tessara/platform/ui/Edit.h"
@@ -200,11 +201,8 @@ void CViewerFrame::OnCloseWindow() {
     SendMessage(WM_CLOSE);
 }
 
-/// The full screen is no place to remember: the one before it has been saved.
 void CViewerFrame::OnClose() {
-    if (!IsFullScreen()) {
-        CViewerPlacement(TheViewer()).Save(*this);
-    }
+    CViewerPlacement(TheViewer()).Save(*this);
     CFrameWnd::OnClose();
 }
 
@@ -291,7 +289,7 @@ ON_WM_CREATE()
 ON_WM_CLOSE()
 ON_WM_DESTROY()
 ON_MESSAGE(WM_FILE_CHANGED, OnFileChanged)
-ON_MESSAGE(WM_CROSS_SECTION, OnCrossSection)
+ON_MESSAGE(WM_CROSSSECTION, OnCrossSection)
 ON_COMMAND(ID_FILE_OPEN, OnFileOpen)
 ON_COMMAND(ID_FILE_RELOAD, OnReload)
 ON_COMMAND(ID_FILE_EXPORT, OnExport)

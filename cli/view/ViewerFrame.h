@@ -21,8 +21,6 @@ class CViewerFrame : public CFrameWnd {
 public:
     /// Posted when the shown file has changed.
     static constexpr UINT WM_FILE_CHANGED = WM_USER + 1;
-    /// Posted by a diagram's Cross Section window: the column, and the table, which the receiver owns.
-    static constexpr UINT WM_CROSS_SECTION = WM_USER + 32;
 
     CViewerFrame() = default;
 
@@ -34,6 +32,8 @@ public:
     /// Shows what a file holds.
     void ShowFile(const CViewSource& source, std::unique_ptr<CShownPlot> pPlot);
     void ShowSection(std::unique_ptr<CShownPlot> pPlot);
+    /// Says something in the banner; an empty text closes it.
+    void Say(const CString& strText);
     const CViewSource& GetSource() const { return m_source; }
 
     /// A description of the point under the pointer for the status bar; empty where there is none.
@@ -72,7 +72,6 @@ protected:
 
 private:
     void Watch(const CViewSource& source);
-    void Say(const CString& strText);
     CString ProposedPicture() const;
     CWnd* GetReadOut() const;
 

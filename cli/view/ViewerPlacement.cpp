@@ -58,6 +58,9 @@ void CViewerPlacement::Save(const CFrameWnd& frame) {
         m_app.WriteProfileInt(SECTION, SIDES[i], sides[i]);
     }
     m_app.WriteProfileInt(SECTION, "Maximized", placement.showCmd == SW_SHOWMAXIMIZED);
+    if (frame.IsFullScreen()) {
+        return; // which hides the bars
+    }
     m_app.WriteProfileInt(SECTION, "Toolbar", IsBarShown(frame, AFX_IDW_TOOLBAR));
     m_app.WriteProfileInt(SECTION, "StatusBar", IsBarShown(frame, AFX_IDW_STATUS_BAR));
 }

@@ -10,6 +10,7 @@ class CViewerPlacement {
 public:
     explicit CViewerPlacement(CWinApp& app) : m_app(app) {}
 
+    /// Of a full screen only where the window was before: its bars are hidden.
     void Save(const CFrameWnd& frame);
     /// Shows the frame as a window was last saved, or as the frame is where none was. It is moved so far down
     /// and to the right that nBefore windows beneath it can be seen, and back onto the screen.

@@ -1,7 +1,5 @@
 #include "cli/view/ViewerPlotCommands.h"
 
-#include <algorithm>
-
 #include "cli/view/ScaleDialog.h"
 #include "cli/view/ViewerResources.h"
 #include "tessara/platform/base/Exception.h"
@@ -14,15 +12,13 @@ namespace {
 
 constexpr EPlotSwitch SWITCHES[] = {EPlotSwitch::multiphasePoints, EPlotSwitch::legend, EPlotSwitch::caption,
                                     EPlotSwitch::monochrome};
-constexpr EReadOut READ_OUTS[] = {EReadOut::getValue, EReadOut::extendedGetValue, EReadOut::crossSection};
 constexpr EWalk WALKS[] = {EWalk::back, EWalk::forward, EWalk::previousCurve, EWalk::nextCurve};
 constexpr UINT PANS[] = {ID_PAN_LEFT, ID_PAN_RIGHT, ID_PAN_UP, ID_PAN_DOWN};
 
 } // namespace
 
 bool CViewerPlotCommands::IsReadingOut() const {
-    return m_pPlot && std::any_of(std::begin(READ_OUTS), std::end(READ_OUTS),
-                                  [this](EReadOut eReadOut) { return m_pPlot->IsReadOutVisible(eReadOut); });
+    return m_pPlot && m_pPlot->GetReadOut();
 }
 
 void CViewerPlotCommands::OnSwitch(UINT nID) {

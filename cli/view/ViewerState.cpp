@@ -5,17 +5,12 @@
 namespace tessara {
 
 CViewerState::CViewerState(const CShownPlot& plot)
-    : m_mark(plot.GetMark()), m_scales(plot.GetScales()), m_zoom(plot.GetZoom()),
-      m_bZoomInMode(plot.IsZoomInModeEnabled()) {
+    : m_readOut(plot.GetReadOut()), m_mark(plot.GetMark()), m_scales(plot.GetScales()),
+      m_zoom(plot.GetZoom()), m_bZoomInMode(plot.IsZoomInModeEnabled()) {
     for (const EPlotSwitch eSwitch : {EPlotSwitch::legend, EPlotSwitch::caption, EPlotSwitch::monochrome,
                                       EPlotSwitch::multiphasePoints}) {
         if (plot.Has(eSwitch)) {
             m_switches.push_back({eSwitch, plot.IsOn(eSwitch)});
-        }
-    }
-    for (const EReadOut eReadOut : {EReadOut::getValue, EReadOut::extendedGetValue, EReadOut::crossSection}) {
-        if (plot.IsReadOutVisible(eReadOut)) {
-            m_readOuts.push_back(eReadOut);
         }
     }
 }
@@ -36,11 +31,9 @@ void CViewerState::ApplyLook(CShownPlot& plot) const {
     }
 }
 
-void CViewerState::ShowReadOuts(CShownPlot& plot) const {
-    for (const EReadOut eReadOut : m_readOuts) {
-        if (plot.Offers(eReadOut)) {
-            plot.ShowReadOut(eReadOut, true);
-        }
+void CViewerState::ShowReadOut(CShownPlot& plot) const {
+    if (m_readOut && plot.Offers(*m_readOut)) {
+        plot.ShowReadOut(*m_readOut, true);
     }
     if (m_mark) {
         plot.SetMark(*m_mark);

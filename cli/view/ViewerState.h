@@ -8,7 +8,7 @@
 
 namespace tessara {
 
-/// What the user has made of a plot: switches, scales, zoom and the read-outs that are shown. Kept over
+/// What the user has made of a plot: switches, scales, zoom and the read-out that is shown. Kept over
 /// reading the file again.
 class CViewerState {
 public:
@@ -17,8 +17,8 @@ public:
     /// Brings a plot's switches and scales to the state; what it does not have, and scales within which
     /// nothing of it lies, it does without.
     void ApplyLook(CShownPlot& plot) const;
-    /// Shows the read-outs, and in them the point that was read out.
-    void ShowReadOuts(CShownPlot& plot) const;
+    /// Shows the read-out, and in it the point that was read out.
+    void ShowReadOut(CShownPlot& plot) const;
     const CZoomState& GetZoom() const { return m_zoom; }
 
 private:
@@ -27,7 +27,7 @@ private:
         bool bOn;
     };
     std::vector<CSwitch> m_switches;
-    std::vector<EReadOut> m_readOuts;
+    std::optional<EReadOut> m_readOut;
     std::optional<CPlotMark> m_mark;
     CAxisScales m_scales;
     CZoomState m_zoom;

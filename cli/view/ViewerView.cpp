@@ -17,15 +17,12 @@ CViewerView::~CViewerView() = default;
 
 void CViewerView::TakePlot(std::unique_ptr<CShownPlot> pPlot, bool bKeepHistory) {
     if (m_pPlot) {
-        m_retired.push_back(std::move(m_pPlot));
-        for (const EReadOut eReadOut :
-             {EReadOut::getValue, EReadOut::extendedGetValue, EReadOut::crossSection}) {
-            if (m_retired.back()->IsReadOutVisible(eReadOut)) {
-                m_retired.back()->ShowReadOut(eReadOut, false);
-            }
+        EndDrag();
+        if (const auto eReadOut = m_pPlot->GetReadOut()) {
+            m_pPlot->ShowReadOut(*eReadOut, false);
         }
+        m_retired.push_back(std::move(m_pPlot));
     }
-    m_bPressed = false;
     m_pPlot = std::move(pPlot);
     m_zoom.SetPlot(m_pPlot.get(), bKeepHistory);
     m_commands.SetPlot(m_pPlot.get());
@@ -33,6 +30,12 @@ void CViewerView::TakePlot(std::unique_ptr<CShownPlot> pPlot, bool bKeepHistory)
         m_pPlot->Attach(this);
     }
     Invalidate();
+}
+
+/// Before the next picture is painted: the tracking rectangle is in the present one.
+void CViewerView::EndDrag() {
+    m_bPressed = false;
+    m_pPlot->EnableZoomInMode(false);
 }
 
 void CViewerView::ForgetRetired() {
@@ -52,10 +55,24 @@ void CViewerView::ReplacePlot(std::unique_ptr<CShownPlot> pPlot) {
         return;
     }
     const CViewerState state(*m_pPlot);
-    TakePlot(std::move(pPlot), true);
-    state.ApplyLook(*m_pPlot);
+    const bool bKeyboard = GetFocus() == this;
+    state.ApplyLook(*pPlot);
+    EndDrag();
+    const bool bZoomInMode = pPlot->IsZoomInModeEnabled();
+    if (m_pPlot->Follow(*pPlot)) {
+        m_pPlot->EnableZoomInMode(bZoomInMode);
+        m_zoom.SetPlot(m_pPlot.get(), true);
+        Invalidate();
+    } else {
+        TakePlot(std::move(pPlot), true);
+    }
     m_zoom.Restore(state.GetZoom());
-    state.ShowReadOuts(*m_pPlot);
+    const bool bNewWindow = !m_pPlot->GetReadOut();
+    state.ShowReadOut(*m_pPlot);
+    if (bKeyboard && bNewWindow) { // which takes the keyboard
+        GetTopLevelParent()->SetForegroundWindow();
+        SetFocus();
+    }
 }
 
 bool CViewerView::LeaveZoomInMode() {

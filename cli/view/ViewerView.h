@@ -22,7 +22,8 @@ public:
     CViewerZoom& GetZoom() { return m_zoom; }
     /// Shows a plot of something else.
     void ShowPlot(std::unique_ptr<CShownPlot> pPlot);
-    /// Shows a plot in place of an earlier state of itself: zoom, switches, scales and read-outs stay.
+    /// Shows a plot in place of an earlier state of itself: zoom, switches, scales, read-outs
+    /// and the keyboard stay.
     void ReplacePlot(std::unique_ptr<CShownPlot> pPlot);
     /// Ends waiting for a rectangle to zoom into; false when that was not so.
     bool LeaveZoomInMode();
@@ -51,6 +52,7 @@ protected:
 
 private:
     void TakePlot(std::unique_ptr<CShownPlot> pPlot, bool bKeepHistory);
+    void EndDrag();
     void ForgetRetired();
     void Paint(CDC& dc, const RECT& rc) const;
     void DrawHint(CDC& dc, const RECT& rc) const;

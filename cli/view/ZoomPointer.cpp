@@ -1,15 +1,9 @@
 #include "cli/view/ZoomPointer.h"
 
 #include "tessara/platform/ui/Pointer.h"
+#include "tessara/plot/LibraryCursors.h"
 
 namespace tessara {
-
-namespace {
-
-constexpr UINT ZOOM_CURSOR = 16387;
-constexpr UINT NO_ZOOM_CURSOR = 16389;
-
-} // namespace
 
 void CZoomPointer::Enable(bool bEnable) {
     m_bEnabled = bEnable;
@@ -45,7 +39,7 @@ std::optional<CZoomWindow> CZoomPointer::OnLButtonUp(CPoint point, const CPixelM
 
 bool CZoomPointer::OnSetCursor() {
     if (m_bEnabled) {
-        SetCursor(LoadCursor(m_bInPlot ? ZOOM_CURSOR : NO_ZOOM_CURSOR));
+        SetCursor(LoadCursor(m_bInPlot ? CURSOR_ZOOM : CURSOR_NO_ZOOM));
     }
     return m_bEnabled;
 }

@@ -20,6 +20,8 @@ public:
     /// The data rectangle that was dragged.
     std::optional<CZoomWindow> OnLButtonUp(CPoint point, const CPixelMap& map);
     bool OnSetCursor();
+    /// Call when the plot has been painted: the rectangle that is dragged is drawn again.
+    void OnPaint(CDC& dc) const { m_drag.OnPaint(dc); }
 
 private:
     bool m_bEnabled = false;

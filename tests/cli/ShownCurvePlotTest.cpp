@@ -1,3 +1,4 @@
+#include "cli/view/ShownCurvePlot.h"
 #include "tessara/platform/gdi/ImageDC.h"
 #include "tests/cli/ShownPlots.h"
 
@@ -8,6 +9,7 @@ namespace {
 constexpr UINT GET_VALUE = 16391;
 constexpr UINT ARGUMENT = 144;
 constexpr UINT VALUES = 183;
+constexpr UINT GET_VALUE_BUTTON = 10;
 constexpr COLORREF BLUE = 0xFF0000;
 
 constexpr const char* LINES = "\"T, K\",up,down\n0,0,10\n1,1,9\n2,2,NA\n3,3,7\n4,4,6\n10,10,0\n";
@@ -16,6 +18,11 @@ class ShownCurvePlot : public ShownPlotFixture {
 protected:
     std::string Argument() {
         return dynamic_cast<QLineEdit&>(ControlOf(GET_VALUE, ARGUMENT)).text().toStdString();
+    }
+    void Ask(const char* pszArgument) {
+        auto& field = dynamic_cast<QLineEdit&>(ControlOf(GET_VALUE, ARGUMENT));
+        field.setText(pszArgument);
+        QTest::mouseClick(&ControlOf(GET_VALUE, GET_VALUE_BUTTON), Qt::LeftButton);
     }
     /// What the read-out shows after each step, until there is none.
     std::vector<std::string> Walked(EWalk eWalk) {
@@ -176,14 +183,96 @@ TEST_F(ShownCurvePlot, PicksTheFunctionOfTheColourThatIsClicked) {
 TEST_F(ShownCurvePlot, ReadsEveryFunctionOutThoughScalesCutThem) {
     Show(Read(LINES));
     Plot().ShowReadOut(EReadOut::getValue, true);
-    Plot().SetScales({{}, AXISSCALE{0, 8, 2, 0}});
+    Plot().SetScales({AXISSCALE{0, 5, 1, 0}, AXISSCALE{0, 8, 2, 0}});
     EXPECT_TRUE(Plot().IsReadOutVisible(EReadOut::getValue));
     m_window.RedrawWindow();
-    EXPECT_EQ(Walked(EWalk::forward), (std::vector<std::string>{"0", "1", "2", "3", "4", "8"}));
-    EXPECT_EQ(LinesOf(GET_VALUE, VALUES), (std::vector<std::string>{"up, down~N = 8~N", "up, down~N = 2~N"}));
+    EXPECT_EQ(Walked(EWalk::forward), (std::vector<std::string>{"0", "1", "2", "3", "4"}));
     Walked(EWalk::back);
     EXPECT_EQ(LinesOf(GET_VALUE, VALUES),
-              (std::vector<std::string>{"up, down~N = 0~N", "up, down~N = nan~N"}));
+              (std::vector<std::string>{"up, down~N = 0~N", "up, down~N = 10~N"}));
+    Ask("7");
+    EXPECT_EQ(LinesOf(GET_VALUE, VALUES), (std::vector<std::string>{"up, down~N = 7~N", "up, down~N = 3~N"}));
+}
+
+std::vector<COLORREF> Drawn(const std::function<int(CDC& dc, const RECT& rc)>& fnPaint) {
+    CImageDC image(500, 360);
+    fnPaint(image, image.GetClientRect());
+    std::vector<COLORREF> pixels;
+    for (int i = 0; i < 500 * 360; ++i) {
+        pixels.push_back(image.GetPixel(i % 500, i / 500));
+    }
+    return pixels;
+}
+
+/// What the plot command draws within scales.
+std::vector<COLORREF> Cut(const PLOTOPTIONS& options, const PLOTSOURCE& source, const CAxisScales& scales) {
+    const CPlotSetup setup(options, CPlotScales(scales.x, scales.y));
+    const CPlotData data(source.curves, source.symbols, setup.GetWindow(), PlotGaps::Stay);
+    COutputCurve plot;
+    setup.ApplyTo(plot, data);
+    return Drawn([&](CDC& dc, const RECT& rc) { return plot.Paint(&dc, rc, nullptr); });
+}
+
+TEST_F(ShownCurvePlot, DrawsWithinScalesWhatThePlotCommandDraws) {
+    PLOTOPTIONS options;
+    options.files = {
+        m_folder.Write("wave.txt", "x f g\n0 5 0\n1 8.4 1\n2 8.6 2\n3 NA 3\n4 2 4\n10 2.8 30\n")};
+    const PLOTSOURCE source = PLOTSOURCE::Read(options);
+    Show(std::make_unique<CShownCurvePlot>(options, source));
+    const CAxisScales tries[] = {{AXISSCALE{0.5, 4.5, 1, 0}, {}},
+                                 {{}, AXISSCALE{1.5, 8.5, 1, 0}},
+                                 {AXISSCALE{0.5, 4.5, 1, 0}, AXISSCALE{1.5, 8.5, 1, 0}}};
+    for (const CAxisScales& scales : tries) {
+        Plot().SetScales(scales);
+        const auto shown = Drawn(Plot().GetDrawing().paint);
+        const auto cut = Cut(options, source, scales);
+        int nDiffering = 0;
+        for (std::size_t i = 0; i < cut.size(); ++i) {
+            nDiffering += shown[i] != cut[i];
+        }
+        EXPECT_LT(nDiffering, 100) << "but for the rounding of a line that is cut into pieces";
+    }
+}
+
+TEST_F(ShownCurvePlot, FollowsAChangedFileInTheSameWindow) {
+    Show(Read(LINES));
+    Plot().ShowReadOut(EReadOut::getValue, true);
+    const QWidget* const pWindow = DialogOf(GET_VALUE);
+    Ask("2");
+    auto& argument = dynamic_cast<QLineEdit&>(ControlOf(GET_VALUE, ARGUMENT));
+    argument.setText("3.");
+    EXPECT_TRUE(Plot().Follow(*Read("0 5\n4 1\n")));
+    m_window.RedrawWindow();
+    Plot().SetMark(*Plot().GetMark());
+    EXPECT_EQ(DialogOf(GET_VALUE), pWindow);
+    EXPECT_EQ(LinesOf(GET_VALUE, VALUES), std::vector<std::string>{"f(x)~N = 3~N"}) << "without a name now";
+    EXPECT_EQ(Argument(), "3.") << "what is being typed";
+    EXPECT_EQ(Plot().GetMark()->dX, 2);
+    EXPECT_FALSE(Plot().Has(EPlotSwitch::legend));
+    const auto followed = Painted();
+    const CPlotMark mark = *Plot().GetMark();
+    Close();
+    Show(Read("0 5\n4 1\n"));
+    Plot().ShowReadOut(EReadOut::getValue, true);
+    Plot().SetMark(mark);
+    EXPECT_TRUE(Painted() == followed) << "nothing is left of the file before";
+    EXPECT_FALSE(Plot().Follow(*Read("{\"format\":\"tessara-diagram\",\"version\":1,\"critical\":[[1,2]]}")));
+}
+
+TEST_F(ShownCurvePlot, KeepsTheDraggedRectangleWhereThePlotIsPaintedAnew) {
+    Show(Read(LINES));
+    Plot().Toggle(EPlotSwitch::legend);
+    const auto plain = Painted();
+    Plot().Toggle(EPlotSwitch::legend);
+    Plot().EnableZoomInMode(true);
+    m_window.RedrawWindow();
+    m_window.Press(PixelOf(3, 6));
+    m_window.MoveTo(PixelOf(5, 4));
+    Plot().Toggle(EPlotSwitch::legend);
+    EXPECT_TRUE(Painted() != plain) << "with the rectangle";
+    Plot().EnableZoomInMode(false);
+    EXPECT_TRUE(m_window.Pixels() == plain) << "without a trace";
+    m_window.Release(PixelOf(5, 4));
 }
 
 } // namespace

@@ -164,17 +164,69 @@ TEST_F(ShownDiagram, WalksOnlyWhereTheReadOutAllowsPicking) {
     EXPECT_FALSE(Plot().Walk(EWalk::forward)) << "nothing reads out";
     Plot().ShowReadOut(EReadOut::crossSection, true);
     ASSERT_TRUE(Plot().Walk(EWalk::forward));
-    ASSERT_TRUE(Plot().Walk(EWalk::nextCurve)) << "the critical points can be clicked, too";
-    EXPECT_EQ(LinesOf(CROSS_SECTION, LIST).front(), "f~G = 4~N");
-    ASSERT_TRUE(Plot().Walk(EWalk::forward)) << "points are a curve without lines";
-    EXPECT_EQ(LinesOf(CROSS_SECTION, LIST).front(), "f~G = 8~N");
-    EXPECT_FALSE(Plot().Walk(EWalk::forward));
-    ASSERT_TRUE(Plot().Walk(EWalk::nextCurve));
+    EXPECT_FALSE(Plot().Walk(EWalk::nextCurve)) << "the cloud-point curve alone";
+    Click(CRITICAL);
+    EXPECT_EQ(LinesOf(CROSS_SECTION, LIST).front(), "f~G = 1~N") << "critical points have no section";
     Plot().ShowReadOut(EReadOut::getValue, true);
-    ASSERT_TRUE(Plot().Walk(EWalk::nextCurve));
-    EXPECT_EQ(LinesOf(GET_VALUE, LIST).back(), "T~i, K~N = 5.0~N") << "the spinodal";
-    Plot().ShowReadOut(EReadOut::getValue, false);
-    ASSERT_TRUE(Plot().Walk(EWalk::back)) << "the other window still reads out";
+    while (Plot().GetMark()->nPicked != CRITICAL) {
+        ASSERT_TRUE(Plot().Walk(EWalk::nextCurve));
+    }
+    EXPECT_EQ(LinesOf(GET_VALUE, LIST).front(), "f~G = 4~N");
+    ASSERT_TRUE(Plot().Walk(EWalk::forward)) << "points are a curve without lines";
+    EXPECT_EQ(LinesOf(GET_VALUE, LIST).front(), "f~G = 8~N");
+    EXPECT_FALSE(Plot().Walk(EWalk::forward));
+}
+
+TEST_F(ShownDiagram, ShowsOneReadOutAtATimeAndTakesThePointAlong) {
+    ShowDiagram();
+    Plot().ShowReadOut(EReadOut::getValue, true);
+    ASSERT_TRUE(Plot().Walk(EWalk::forward));
+    ASSERT_TRUE(Plot().Walk(EWalk::forward));
+    for (const EReadOut eReadOut : {EReadOut::extendedGetValue, EReadOut::crossSection,
+                                    EReadOut::extendedGetValue, EReadOut::getValue}) {
+        Plot().ShowReadOut(eReadOut, true);
+        EXPECT_EQ(Plot().GetReadOut(), eReadOut);
+        EXPECT_EQ((DialogOf(GET_VALUE) != nullptr) + (DialogOf(EXTENDED) != nullptr) +
+                      (DialogOf(CROSS_SECTION) != nullptr),
+                  1);
+        ASSERT_TRUE(Plot().GetMark());
+        EXPECT_EQ(Plot().GetMark()->dX, 2);
+        const UINT nWindow = eReadOut == EReadOut::getValue       ? GET_VALUE
+                             : eReadOut == EReadOut::crossSection ? CROSS_SECTION
+                                                                  : EXTENDED;
+        const CLines lines = LinesOf(nWindow, LIST);
+        EXPECT_EQ(std::count(lines.begin(), lines.end(), "f~G = 2~N"), 1);
+    }
+    Plot().ShowReadOut(EReadOut::extendedGetValue, true);
+    while (Plot().GetMark()->nPicked != CRITICAL && Plot().Walk(EWalk::nextCurve)) {
+    }
+    Plot().ShowReadOut(EReadOut::crossSection, true);
+    EXPECT_FALSE(Plot().GetMark()) << "which can read nothing out there";
+    Plot().ShowReadOut(EReadOut::crossSection, false);
+    EXPECT_FALSE(Plot().GetReadOut());
+}
+
+TEST_F(ShownDiagram, FollowsAChangedFileInTheSameWindows) {
+    ShowDiagram();
+    Plot().ShowReadOut(EReadOut::extendedGetValue, true);
+    ASSERT_TRUE(Plot().Walk(EWalk::forward));
+    ASSERT_TRUE(Plot().Walk(EWalk::forward));
+    const QWidget* const pWindow = DialogOf(EXTENDED);
+    Plot().EnableZoomInMode(true);
+    std::string strChanged = BINODAL + std::string(OTHERS);
+    strChanged.replace(strChanged.find("[10,20,30]"), 10, "[11,21,31]");
+    const auto pNext = ReadDiagram(strChanged);
+    pNext->Toggle(EPlotSwitch::caption);
+    ASSERT_TRUE(Plot().Follow(*pNext));
+    EXPECT_TRUE(Plot().IsZoomInModeEnabled());
+    Plot().SetMark(*Plot().GetMark());
+    EXPECT_EQ(DialogOf(EXTENDED), pWindow);
+    EXPECT_EQ(Elements().back(), "100%~N = 21~N");
+    EXPECT_FALSE(Plot().IsOn(EPlotSwitch::caption));
+    const auto followed = Painted();
+    EXPECT_FALSE(Plot().Follow(*ReadDiagram(R"("critical":[[1,2]])"))) << "which has fewer windows";
+    EXPECT_FALSE(Plot().Follow(*Read("1 2\n2 3\n")));
+    EXPECT_TRUE(Painted() == followed);
 }
 
 TEST_F(ShownDiagram, OpensTheCrossSectionThatIsAskedFor) {

@@ -37,7 +37,7 @@ std::string SizeOf(const std::string& strPng) {
     return strSize;
 }
 
-TEST_F(ViewerCommand, WritesAPictureOfItsWindowOfTheGivenSize) {
+TEST_F(ViewerCommand, WritesAPictureOfItsWindowOfTheGivenSizeOrItsOwn) {
     const COMMANDRESULT result = Run("@d.txt --screenshot @out.png --size 700x300");
     EXPECT_EQ(result.nExitCode, 0);
     EXPECT_EQ(result.strOutput + result.strErrors, "");
@@ -47,6 +47,8 @@ TEST_F(ViewerCommand, WritesAPictureOfItsWindowOfTheGivenSize) {
     m_folder.Write("d.txt", "x y\n1 2\n2 30\n");
     EXPECT_EQ(Run("@d.txt --screenshot @out.png --size 700x300").nExitCode, 0);
     EXPECT_TRUE(m_folder.Read("out.png") != strPicture);
+    EXPECT_EQ(Run("@d.txt --screenshot @out.png").nExitCode, 0);
+    EXPECT_EQ(SizeOf(m_folder.Read("out.png")), "3 232 2 188 ") << "1000x700";
 }
 
 } // namespace

@@ -11,7 +11,7 @@
 
 using namespace tessara;
 
-CViewerFixture::CViewerFixture(const std::string& strFile) {
+CViewerFixture::CViewerFixture(const std::string& strFile, OPENPLOT fnOpen) : m_fnOpen(std::move(fnOpen)) {
     if (!strFile.empty()) {
         m_folder.Write("plot.txt", strFile);
     }
@@ -30,7 +30,7 @@ void CViewerFixture::Start() {
     CViewerStart start;
     start.source.strPath = Path();
     start.strVersion = "tessara 1.2.3";
-    start.fnOpen = &CViewerPlot::Open;
+    start.fnOpen = m_fnOpen;
     m_pApp = std::make_unique<CViewerApp>(std::move(start));
     if (!m_pApp->InitInstance() || !QTest::qWaitForWindowExposed(&Window())) {
         throw std::runtime_error("no window");

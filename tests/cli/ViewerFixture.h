@@ -13,11 +13,13 @@
 #include "tests/cli/Folder.h"
 #include "tests/cli/ViewerPlot.h"
 
+using OPENPLOT = std::function<std::unique_ptr<tessara::CShownPlot>(const tessara::CViewSource&)>;
+
 /// A viewer with a window on the file "plot.txt" of a folder that also has the settings: 10 wide, 100 high.
 class CViewerFixture : public ::testing::Test {
 protected:
     /// An empty text makes no file.
-    explicit CViewerFixture(const std::string& strFile = "10 100");
+    explicit CViewerFixture(const std::string& strFile = "10 100", OPENPLOT fnOpen = &CViewerPlot::Open);
     ~CViewerFixture() override;
 
     tessara::CViewerFrame& Frame() { return *m_pApp->GetFrames().front(); }
@@ -47,6 +49,8 @@ protected:
 private:
     void Start();
     void End();
+
+    const OPENPLOT m_fnOpen;
 };
 
 /// Runs a function on the next modal dialog, as soon as that is there.

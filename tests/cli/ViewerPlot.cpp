@@ -93,7 +93,7 @@ void CViewerPlot::Detach() {
 
 void CViewerPlot::ShowReadOut(EReadOut eReadOut, bool bShow) {
     if (bShow) {
-        m_readOuts.insert(eReadOut);
+        m_readOuts = {eReadOut};
     } else {
         m_readOuts.erase(eReadOut);
     }
@@ -105,6 +105,9 @@ bool CViewerPlot::Walk(EWalk eWalk) {
 }
 
 std::unique_ptr<CShownPlot> CViewerPlot::OpenSection(int nColumn, std::unique_ptr<CTable> pTable) const {
+    if (pTable->m_nPoints == 0) {
+        return nullptr;
+    }
     ++s_nPlots;
     auto pSection = std::make_unique<CViewerPlot>(pTable->m_nPoints, 1);
     pSection->m_strName = m_strName + ", section " + std::to_string(nColumn);

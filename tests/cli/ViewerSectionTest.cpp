@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/ui/Loop.h"
 
 using namespace tessara;
@@ -11,8 +12,8 @@ namespace {
 /// Counts those that there are.
 class CCountedTable : public CTable {
 public:
-    CCountedTable() : CTable(2) {
-        Allocate(7);
+    explicit CCountedTable(int nRows) : CTable(2) {
+        Allocate(nRows);
         ++s_nTables;
     }
     ~CCountedTable() override { --s_nTables; }
@@ -22,8 +23,9 @@ int CCountedTable::s_nTables = 0;
 
 class ViewerSection : public CViewerFixture {
 protected:
-    void PostSection() {
-        m_pApp->m_pMainWnd->PostMessage(WM_USER + 32, 3, reinterpret_cast<LPARAM>(new CCountedTable));
+    void PostSection(int nRows = 7) {
+        m_pApp->m_pMainWnd->PostMessage(WM_CROSSSECTION, 3,
+                                        reinterpret_cast<LPARAM>(new CCountedTable(nRows)));
         QApplication::processEvents();
     }
 };
@@ -41,6 +43,17 @@ TEST_F(ViewerSection, APostedSectionOpensAWindowThatOwnsIt) {
     EXPECT_EQ(WindowOf(section).windowTitle(), "Test, section 3 - Tessara");
     EXPECT_TRUE(section.IsWindowVisible());
     EXPECT_TRUE(first.IsWindowVisible());
+}
+
+TEST_F(ViewerSection, ATableWithoutRowsIsSaidInTheBanner) {
+    Key(Qt::Key_F4);
+    Idle();
+    Key(Qt::Key_F4);
+    PostSection(0);
+    EXPECT_EQ(m_pApp->GetFrames().size(), 1U);
+    EXPECT_EQ(CCountedTable::s_nTables, 0);
+    EXPECT_TRUE(IsBannerVisible());
+    EXPECT_EQ(BannerText(), "No cross section: the curve has no point there");
 }
 
 TEST_F(ViewerSection, WithoutADiagramToAskTheTableIsGivenBack) {

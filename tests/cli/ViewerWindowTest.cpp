@@ -31,6 +31,14 @@ protected:
             QTest::keyClick(pEdit, Qt::Key_Return);
         });
     }
+    /// Once the window has come there.
+    bool IsAt(CPoint place) {
+        return QTest::qWaitFor([&] {
+            CRect window;
+            Frame().GetWindowRect(&window);
+            return window.TopLeft() == place;
+        });
+    }
 };
 
 TEST_F(ViewerWindow, EveryItemHasAKeyThatItsMenuNames) {
@@ -277,7 +285,7 @@ TEST_F(ViewerWithoutFile, OpensEmptyWithTheBannerAndTakesTheFileWhenItComes) {
 TEST_F(ViewerWindow, RemembersItsPlaceAndBars) {
     Frame().MoveWindow(60, 50, 500, 400);
     Key(Qt::Key_T);
-    QTest::qWait(1);
+    ASSERT_TRUE(IsAt({60, 50}));
     Restart();
     CRect place;
     Frame().GetWindowRect(&place);
@@ -291,9 +299,28 @@ TEST_F(ViewerWindow, RemembersItsPlaceAndBars) {
     EXPECT_EQ(Window().normalGeometry().size(), QSize(500, 400));
 }
 
+TEST_F(ViewerWindow, RemembersWhereItWasBeforeAFullScreenAndItsBarsToo) {
+    for (const bool bByDesktop : {true, false}) {
+        Frame().MoveWindow(70, 60, 510, 410);
+        ASSERT_TRUE(IsAt({70, 60}));
+        if (bByDesktop) {
+            Window().showFullScreen();
+        } else {
+            Key(Qt::Key_F11);
+        }
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Frame().IsFullScreen(); }));
+        Restart();
+        EXPECT_TRUE(IsAt({70, 60}));
+        EXPECT_EQ(Window().size(), QSize(510, 410));
+        EXPECT_TRUE(Frame().GetDlgItem(AFX_IDW_TOOLBAR)->IsWindowVisible());
+        EXPECT_TRUE(Frame().GetDlgItem(AFX_IDW_STATUS_BAR)->IsWindowVisible());
+        Frame().MoveWindow(5, 6, 400, 300);
+    }
+}
+
 TEST_F(ViewerWindow, IsNeverOffTheScreen) {
     Frame().MoveWindow(-3000, 9000, 500, 400);
-    QTest::qWait(1);
+    ASSERT_TRUE(IsAt({-3000, 9000}));
     Restart();
     const QRect screen = Window().screen()->geometry();
     EXPECT_TRUE(screen.contains(Window().frameGeometry().topLeft()));
