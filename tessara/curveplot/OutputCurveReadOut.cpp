@@ -75,9 +75,9 @@ CString COutputCurve::MakeValueLine(int nFunction, double x) {
 }
 
 void COutputCurve::DisplayValues(double x) {
-    std::vector<CString> lines;
+    std::vector<CString> lines(static_cast<std::size_t>(m_nFunctions));
     for (int i = 0; i < m_nFunctions; ++i) {
-        lines.push_back(MakeValueLine(i, x));
+        lines[static_cast<std::size_t>(i)] = MakeValueLine(i, x);
     }
     m_ValueLines.SetSize(m_nFunctions);
     for (int i = 0; i < m_nFunctions; ++i) {

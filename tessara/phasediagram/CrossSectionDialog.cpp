@@ -18,7 +18,7 @@ void CCrossSectionDialog::OnOK() {
         return;
     }
     m_pOwner->HideMark();
-    CDialog::OnOK();
+    EndDialog(IDOK);
 }
 
 } // namespace tessara
