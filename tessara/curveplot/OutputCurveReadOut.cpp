@@ -2,14 +2,12 @@
 
 #include "tessara/curveplot/GetValueDialog.h"
 #include "tessara/curveplot/OutputCurve.h"
-#include "tessara/platform/ui/ClientDC.h"
 #include "tessara/platform/ui/Pointer.h"
 #include "tessara/plot/LibraryCursors.h"
-#include "tessara/plot/Page.h"
+#include "tessara/plot/PageDC.h"
 #include "tessara/plot/PlotArea.h"
 #include "tessara/plot/PlotMap.h"
 #include "tessara/plot/PlotText.h"
-#include "tessara/plot/SavedState.h"
 
 namespace {
 
@@ -107,11 +105,7 @@ void COutputCurve::DrawMark() {
     if (!m_pParentWnd) {
         return;
     }
-    CClientDC dc(m_pParentWnd);
-    const tessara::CSavedState saved(dc);
-    CRect client;
-    m_pParentWnd->GetClientRect(&client);
-    CenterDC(&dc, client);
+    tessara::CPageDC dc(m_pParentWnd);
     DrawMarkOnDC(&dc);
 }
 

@@ -1,10 +1,8 @@
 #include "tessara/phasediagram/CrossSectionDialog.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
-#include "tessara/platform/ui/ClientDC.h"
 #include "tessara/platform/ui/Pointer.h"
 #include "tessara/plot/LibraryCursors.h"
-#include "tessara/plot/Page.h"
-#include "tessara/plot/SavedState.h"
+#include "tessara/plot/PageDC.h"
 
 // What the mouse does in a diagram: zooming, and picking elements by the colour of a pixel.
 
@@ -98,11 +96,7 @@ void CPhaseDiagramOutput::DrawMark() {
     if (!m_pParentWnd) {
         return;
     }
-    CClientDC dc(m_pParentWnd);
-    const tessara::CSavedState saved(dc);
-    CRect client;
-    m_pParentWnd->GetClientRect(&client);
-    CenterDC(&dc, client);
+    tessara::CPageDC dc(m_pParentWnd);
     DrawMarkOnDC(&dc);
 }
 
