@@ -7,6 +7,7 @@
 #include "cli/view/PlainText.h"
 #include "cli/view/ShownWindow.h"
 #include "cli/view/ValuesText.h"
+#include "tessara/platform/base/Number.h"
 #include "tessara/platform/ui/ClientDC.h"
 #include "tessara/platform/ui/Pointer.h"
 #include "tessara/plot/LibraryCursors.h"
@@ -129,7 +130,7 @@ void CShownCurvePlot::AddValues(CValuesText& text, const CColumnFile& file) cons
     const std::string& strAbscissa = file.GetAbscissa().strName;
     text.AddColumn(strAbscissa.empty() ? GetArgumentTitle() : strAbscissa, std::move(x));
     for (std::size_t i = 0; i < functions.size(); ++i) {
-        const std::string strNumber = functions.size() > 1 ? " " + std::to_string(i + 1) : "";
+        const std::string strNumber = functions.size() > 1 ? FormatText(" %zu", i + 1) : "";
         text.AddColumn(functions[i].strName.empty() ? GetFunctionTitle() + strNumber : functions[i].strName,
                        std::move(columns[i]));
     }

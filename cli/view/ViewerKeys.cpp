@@ -1,6 +1,7 @@
 #include <array>
 
 #include "cli/view/ViewerResources.h"
+#include "tessara/platform/base/Number.h"
 
 namespace tessara {
 
@@ -21,7 +22,7 @@ std::string NameOf(UINT nKey) {
         }
     }
     if (nKey >= VK_F1 && nKey <= VK_F12) {
-        return "F" + std::to_string(nKey - VK_F1 + 1);
+        return FormatText("F%u", nKey - VK_F1 + 1);
     }
     return {static_cast<char>(nKey)};
 }
