@@ -19,6 +19,7 @@
 #include "tessara/numeric/Table.h"
 #include "tessara/numeric/TableReference.h"
 #include "tessara/numeric/Zoom.h"
+#include "tessara/phasediagram/ElementColors.h"
 #include "tessara/phasediagram/ElementFormat.h"
 #include "tessara/phasediagram/MathList.h"
 #include "tessara/phasediagram/NearestRow.h"

@@ -4,19 +4,22 @@
 
 #include "cli/view/ElementFormats.h"
 #include "cli/view/PictureSurface.h"
+#include "tessara/phasediagram/ElementColors.h"
 
 namespace tessara {
 
 namespace {
 
-constexpr DWORD CRITICAL_COLOR = 0x000080;
-constexpr DWORD MULTIPHASE_COLOR = 0x800000;
-constexpr DWORD FOUND_MULTIPHASE_COLOR = 0x008000;
-
 /// Element colours in the order in which a walk comes to them: cloud points, spinodal, shadow, points.
-constexpr DWORD WALKED_COLORS[] = {0x00FF00,       0x00FFFF,         0x0000FF,
-                                   0xFF0000,       0xFF00FF,         0xFFFF00,
-                                   CRITICAL_COLOR, MULTIPHASE_COLOR, FOUND_MULTIPHASE_COLOR};
+constexpr DWORD WALKED_COLORS[] = {0x00FF00,
+                                   0x00FFFF,
+                                   0x0000FF,
+                                   0xFF0000,
+                                   0xFF00FF,
+                                   0xFFFF00,
+                                   CRITICAL_POINT_COLOR,
+                                   MULTIPHASE_POINT_COLOR,
+                                   FOUND_MULTIPHASE_POINT_COLOR};
 
 using CValues = std::span<const double>;
 
@@ -103,20 +106,17 @@ void CViewedDiagram::PickFor(std::optional<EReadOut> eReadOut) {
 template <class TAKEPART, class TAKEPOINTS>
 void CViewedDiagram::ForEachPiece(DWORD crElement, TAKEPART takePart, TAKEPOINTS takePoints) {
     const int nStyle = CurveFromColor(crElement);
-    const auto cloudPointStyle = [](int nColor) { return nColor == 0 ? 2 : 5; };
-    const auto shadowStyle = [](int nColor) { return nColor == 0 ? 3 : 4; };
-    ForEachPart(m_pCloudPointCurve.get(), nStyle, cloudPointStyle, takePart);
-    ForEachPart(
-        m_pSpinodal.get(), nStyle, [](int nColor) { return nColor; }, takePart);
-    ForEachPart(m_pShadowCurve.get(), nStyle, shadowStyle, takePart);
-    const CCurve* const pPoints = crElement == CRITICAL_COLOR     ? m_pCriticalPoints.get()
-                                  : crElement == MULTIPHASE_COLOR ? m_pMultiphasePoints.get()
-                                                                  : nullptr;
+    ForEachPart(m_pCloudPointCurve.get(), nStyle, CloudPointStyle, takePart);
+    ForEachPart(m_pSpinodal.get(), nStyle, SpinodalStyle, takePart);
+    ForEachPart(m_pShadowCurve.get(), nStyle, ShadowStyle, takePart);
+    const CCurve* const pPoints = crElement == CRITICAL_POINT_COLOR     ? m_pCriticalPoints.get()
+                                  : crElement == MULTIPHASE_POINT_COLOR ? m_pMultiphasePoints.get()
+                                                                        : nullptr;
     if (pPoints) {
         takePoints(ValuesOf(pPoints->m_pX, pPoints->m_nPoints), ValuesOf(pPoints->m_pY, pPoints->m_nPoints));
     }
     const CMultipartTable* const pFound = GetFoundPoints();
-    if (pFound && crElement == FOUND_MULTIPHASE_COLOR) {
+    if (pFound && crElement == FOUND_MULTIPHASE_POINT_COLOR) {
         takePoints(ValuesOf(pFound->m_ppData[0], pFound->m_nPoints),
                    ValuesOf(pFound->m_ppData[1], pFound->m_nPoints));
     }

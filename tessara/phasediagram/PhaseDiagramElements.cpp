@@ -1,5 +1,6 @@
 #include <array>
 
+#include "tessara/phasediagram/ElementColors.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/vellum/Stippled.h"
 #include "tessara/plot/Canvas.h"
@@ -14,27 +15,10 @@ using tessara::CSelection;
 namespace {
 
 constexpr int SYMBOL_REACH = 32;
-constexpr COLORREF CRITICAL_COLOR = 0x000080;
-constexpr COLORREF MULTIPHASE_COLOR = 0x800000;
-constexpr COLORREF FOUND_MULTIPHASE_COLOR = 0x008000;
 constexpr COLORREF MARK_COLOR = 0x7F7F7F;
 
 RECT Around(POINT point) {
     return {point.x - SYMBOL_REACH, point.y - SYMBOL_REACH, point.x + SYMBOL_REACH, point.y + SYMBOL_REACH};
-}
-
-// The curve index that a part of each curve is drawn with.
-
-int SpinodalStyle(int nColor) {
-    return nColor;
-}
-
-int ShadowStyle(int nColor) {
-    return nColor == 0 ? 3 : 4;
-}
-
-int CloudPointStyle(int nColor) {
-    return nColor == 0 ? 2 : 5;
 }
 
 } // namespace
@@ -44,9 +28,9 @@ CPlotMap CPhaseDiagramOutput::GetPlotMap() const {
 }
 
 void CPhaseDiagramOutput::DrawElements(const CCanvas& canvas, CMetaFileDC* pMetaDC) {
-    DrawCurve(canvas, *m_pSpinodalTrace, SpinodalStyle, pMetaDC);
-    DrawCurve(canvas, *m_pShadowTrace, ShadowStyle, pMetaDC);
-    DrawCurve(canvas, *m_pCloudPointTrace, CloudPointStyle, pMetaDC);
+    DrawCurve(canvas, *m_pSpinodalTrace, tessara::SpinodalStyle, pMetaDC);
+    DrawCurve(canvas, *m_pShadowTrace, tessara::ShadowStyle, pMetaDC);
+    DrawCurve(canvas, *m_pCloudPointTrace, tessara::CloudPointStyle, pMetaDC);
     DrawPoints(&canvas.GetSurface(), pMetaDC);
     if (m_bMultiphasePointsVisible && m_pFoundMultiphasePoints) {
         DrawMultiphasePoints(&canvas.GetSurface(), pMetaDC);
@@ -78,8 +62,8 @@ void CPhaseDiagramOutput::DrawPoints(CDC* pDC, CMetaFileDC* pMetaDC) {
     const CCanvas canvas(pDC, pMetaDC);
     const CSelection pen(canvas, NULL_PEN);
     const CSelection brush(canvas, BLACK_BRUSH);
-    CBrush critical(CRITICAL_COLOR);
-    CBrush multiphase(MULTIPHASE_COLOR);
+    CBrush critical(tessara::CRITICAL_POINT_COLOR);
+    CBrush multiphase(tessara::MULTIPHASE_POINT_COLOR);
     CPen outline(PS_SOLID, 12, RGB(0, 0, 0));
     const CPlotMap map = GetPlotMap();
     const auto draw = [&](const CCurve& points, void (CCanvas::*pShape)(const RECT&) const) {
@@ -113,7 +97,7 @@ void CPhaseDiagramOutput::DrawPoints(CDC* pDC, CMetaFileDC* pMetaDC) {
 
 void CPhaseDiagramOutput::DrawMultiphasePoints(CDC* pDC, CMetaFileDC* pMetaDC) {
     const CCanvas canvas(pDC, pMetaDC);
-    CBrush found(FOUND_MULTIPHASE_COLOR);
+    CBrush found(tessara::FOUND_MULTIPHASE_POINT_COLOR);
     const CSelection pen(canvas, NULL_PEN);
     const CSelection brush(canvas, found);
     const CPlotMap map = GetPlotMap();

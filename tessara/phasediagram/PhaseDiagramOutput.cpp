@@ -5,6 +5,7 @@
 
 #include "tessara/numeric/Intersections.h"
 #include "tessara/phasediagram/CrossSectionDialog.h"
+#include "tessara/phasediagram/ElementColors.h"
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/StringResources.h"
 #include "tessara/plot/CurveTrace.h"
@@ -17,7 +18,9 @@ namespace {
 
 constexpr const char* DEFAULT_FORMAT = "%.2lf";
 constexpr std::array<COLORREF, 6> CURVE_COLORS{0x0000FF, 0xFF0000, 0x00FF00, 0xFF00FF, 0xFFFF00, 0x00FFFF};
-constexpr std::array<COLORREF, 4> FURTHER_ELEMENT_COLORS{0x000080, 0x800000, 0x008000, 0x800080};
+constexpr std::array<COLORREF, 4> FURTHER_ELEMENT_COLORS{tessara::CRITICAL_POINT_COLOR,
+                                                         tessara::MULTIPHASE_POINT_COLOR,
+                                                         tessara::FOUND_MULTIPHASE_POINT_COLOR, 0x800080};
 
 std::unique_ptr<CCurve> CopyPoints(int nPoints, const double* pX, const double* pY) {
     if (nPoints < 1) {
@@ -296,15 +299,13 @@ int CPhaseDiagramOutput::IsValidColor(DWORD c) {
     constexpr COLORREF RED = 0x0000FF;
     constexpr COLORREF BLUE = 0xFF0000;
     constexpr COLORREF GREEN = 0x00FF00;
-    constexpr COLORREF CRITICAL = 0x000080;
-    constexpr COLORREF FOUND_MULTIPHASE = 0x008000;
     if (m_bElementReadOut) {
         return ElementFromColor(c) != -1;
     }
     const bool bCurve = m_nFlags & MF_CROSSSECTION ? c == GREEN : c == RED || c == BLUE || c == GREEN;
-    const bool bFoundPoint =
-        m_bMultiphasePointsVisible && !(m_nFlags & MF_CROSSSECTION) && c == FOUND_MULTIPHASE;
-    const bool bCritical = m_bCriticalPointsClicking && c == CRITICAL;
+    const bool bFoundPoint = m_bMultiphasePointsVisible && !(m_nFlags & MF_CROSSSECTION) &&
+                             c == tessara::FOUND_MULTIPHASE_POINT_COLOR;
+    const bool bCritical = m_bCriticalPointsClicking && c == tessara::CRITICAL_POINT_COLOR;
     return bCurve || bFoundPoint || bCritical;
 }
 

@@ -1,4 +1,5 @@
 #include "tessara/phasediagram/CrossSectionDialog.h"
+#include "tessara/phasediagram/ElementColors.h"
 #include "tessara/phasediagram/NearestRow.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/base/Number.h"
@@ -124,11 +125,10 @@ tessara::CPointReadOutSource CPhaseDiagramOutput::GetReadOutSource() const {
 
 void CPhaseDiagramOutput::ListPoint(double dX, double dY) {
     using tessara::EPointReadOut;
-    constexpr DWORD CRITICAL_COLOR = 0x000080;
     EPointReadOut eReadOut = EPointReadOut::coordinates;
     if (IsCloudPointCurveSelected()) {
         eReadOut = m_bMultiphasePointsVisible ? EPointReadOut::multiphasePoint : EPointReadOut::cloudPoint;
-    } else if (m_bCriticalPointsClicking && m_crSelected == CRITICAL_COLOR) {
+    } else if (m_bCriticalPointsClicking && m_crSelected == tessara::CRITICAL_POINT_COLOR) {
         eReadOut = EPointReadOut::criticalPoint;
     }
     tessara::CPointReadOut* const dialogs[] = {m_pGetValueDialog.get(), m_pCrossSectionDialog.get()};

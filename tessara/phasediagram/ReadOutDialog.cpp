@@ -15,7 +15,7 @@ constexpr int CORNER_GAP = 10; ///< pixels to the screen's corner
 } // namespace
 
 bool CReadOutDialog::CreateFor(CPhaseDiagramOutput& owner, CWnd* pParent) {
-    if (!Create(m_nTemplate, pParent)) {
+    if (!Create(m_nIDTemplate, pParent)) {
         return false;
     }
     m_pOwner = &owner;

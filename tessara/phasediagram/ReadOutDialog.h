@@ -19,7 +19,7 @@ class CReadOutDialog : public CDialog {
 public:
     /// nSymbols is the number of symbols that the window knows; the first two are those of the axes.
     CReadOutDialog(UINT nTemplate, CWnd* pParent, std::size_t nSymbols)
-        : CDialog(nTemplate, pParent), m_symbols(nSymbols), m_nTemplate(nTemplate) {}
+        : CDialog(nTemplate, pParent), m_symbols(nSymbols) {}
 
     /// Makes the hidden window for a diagram; false when there is none.
     bool CreateFor(CPhaseDiagramOutput& owner, CWnd* pParent);
@@ -41,9 +41,6 @@ protected:
 
     CPhaseDiagramOutput* m_pOwner = nullptr;
     std::vector<CString> m_symbols;
-
-private:
-    const UINT m_nTemplate;
 };
 
 } // namespace tessara
