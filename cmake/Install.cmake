@@ -33,5 +33,13 @@ if(TARGET tessara_command)
   set_target_properties(tessara_command PROPERTIES INSTALL_RPATH "$ORIGIN/${library_from_command}")
 endif()
 
-install(FILES LICENSE README.md CHANGELOG.md docs/diagram-format.md
-  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/tessara)
+# The pages with their pictures, and the examples to read and to draw from: what the pages point to is there.
+set(document_folder ${CMAKE_INSTALL_DATAROOTDIR}/doc/tessara)
+install(FILES LICENSE README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${document_folder})
+install(DIRECTORY docs DESTINATION ${document_folder} FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
+install(DIRECTORY examples/data DESTINATION ${document_folder}/examples
+  FILES_MATCHING PATTERN "*.txt" PATTERN "*.json")
+foreach(folder flory/model flory/program frame)
+  install(DIRECTORY examples/${folder}/ DESTINATION ${document_folder}/examples/${folder}
+    FILES_MATCHING PATTERN "*.cpp" PATTERN "*.h")
+endforeach()

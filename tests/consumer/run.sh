@@ -6,6 +6,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 rm -rf "$work"
 mkdir -p "$work"
 export LD_LIBRARY_PATH=$prefix/lib
+examples=$prefix/share/doc/tessara/examples
 
 fail() {
     echo "$*" >&2
@@ -54,12 +55,21 @@ headers)
     fi
     ;;
 frame)
-    # The example with a window, as its reader would build it, drawn without a display.
+    # The installed example with a window, as its reader would build it, drawn without a display.
     export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
     read -ra flags < <(pkg-config --cflags --libs tessara)
-    "${CXX:-c++}" -std=c++20 -Wall -Wextra "$here/../../examples/frame/Main.cpp" -o "$work/frame" "${flags[@]}"
+    "${CXX:-c++}" -std=c++20 -Wall -Wextra "$examples/frame/Main.cpp" -o "$work/frame" "${flags[@]}"
     timeout 60 "$work/frame" --screenshot "$work/frame.png"
     is_png "$work/frame.png" || fail "the example showed no window"
+    ;;
+documents)
+    "$here/../documents/check_links.py" "$prefix/share/doc/tessara"
+    # The installed data are the tree's; of the examples there is what a reader wants, not how they are built.
+    diff -r "$here/../../examples/data" "$examples/data"
+    [[ -s $examples/flory/model/CloudPointCurve.h && -s $examples/flory/program/Main.cpp ]] || fail "no example"
+    if found=$(find "$examples" -name CMakeLists.txt -o -name tests | grep .); then
+        fail "installed for nobody: $found"
+    fi
     ;;
 command)
     unset LD_LIBRARY_PATH
