@@ -2,13 +2,21 @@
 
 #include <algorithm>
 #include <array>
+#include <cfenv>
 #include <climits>
+#include <cmath>
 #include <set>
 
+#include <QPainter>
+#include <QSvgRenderer>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tessara/platform/gdi/PdfDC.h"
+#include "tessara/platform/gdi/SvgDC.h"
 #include "tessara/platform/vellum/DashPattern.h"
+#include "tessara/plot/Page.h"
+#include "tests/cli/Folder.h"
 #include "tests/gdi/Surfaces.h"
 #include "tests/support/LoggedSurface.h"
 
@@ -111,6 +119,101 @@ TEST(Stippled, BothSurfacesGetTheSameAndKeepTheirOwnObjects) {
     }
 }
 
+namespace {
+
+/// A curve that turns and runs back, on a page of 5120 x 3680 units as plots have.
+Points WavyCurve(int nPoints) {
+    Points points;
+    for (int i = 0; i < nPoints; ++i) {
+        const double d = static_cast<double>(i) / (nPoints - 1);
+        points.push_back({static_cast<LONG>(2500 + 2000 * std::sin(7 * d)),
+                          static_cast<LONG>(300 + 3000 * d + 400 * std::cos(40 * d))});
+    }
+    return points;
+}
+
+/// Measured values: tens of thousands of dashes long.
+Points NoisyCurve() {
+    Points points;
+    for (int i = 0; i <= 20000; ++i) {
+        points.push_back({400 + i * 3 / 20, 1800 + i * 7919 % 400});
+    }
+    return points;
+}
+
+/// Draws a curve, stippled, into the client rectangle of a surface.
+template <class SURFACE>
+void DrawOnPage(SURFACE& dc, Points points, int nStyle) {
+    CRect client(dc.GetClientRect());
+    CenterDC(&dc, client);
+    PolyLineStippledEx(&dc, points.data(), static_cast<int>(points.size()), nStyle, nullptr, 1);
+}
+
+template <class SURFACE>
+std::string FileOf(const Points& points, int nStyle) {
+    const CFolder folder;
+    SURFACE dc(folder.Path("a").c_str(), 160, 115);
+    DrawOnPage(dc, points, nStyle);
+    dc.Close();
+    return folder.Read("a");
+}
+
+/// An SVG file as an image; its coordinates are the middles of pixels, as on a smooth image surface.
+QImage Rendered(const std::string& strSvg, QSize size) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    QSvgRenderer(QByteArray::fromStdString(strSvg)).render(&painter, QRectF({0.5, 0.5}, size));
+    return image;
+}
+
+/// How much of the ink of one picture is not in the other, from 0 to 1.
+double InkApart(const QImage& a, const QImage& b) {
+    double dApart = 0;
+    double dInk = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const int nA = 255 - qGray(a.pixel(x, y));
+            const int nB = 255 - qGray(b.pixel(x, y));
+            dApart += std::abs(nA - nB);
+            dInk += nA + nB;
+        }
+    }
+    return dApart / dInk;
+}
+
+} // namespace
+
+TEST(Stippled, AFileOfAPageHasAPatternInsteadOfALineForEachDash) {
+    constexpr std::size_t PATTERN = 200; // bytes
+    const Points points = NoisyCurve();
+    for (int nStyle = 1; nStyle < 6; ++nStyle) {
+        EXPECT_LT(FileOf<CSvgDC>(points, nStyle).size(), FileOf<CSvgDC>(points, 0).size() + PATTERN);
+        EXPECT_LT(FileOf<CPdfDC>(points, nStyle).size(), FileOf<CPdfDC>(points, 0).size() + PATTERN);
+    }
+}
+
+TEST(Stippled, ThePatternOfAFileFallsWhereAnImageHasItsDashes) {
+    for (const Points& points : {WavyCurve(2001), WavyCurve(12)}) {
+        const Points reversed(points.rbegin(), points.rend());
+        for (int nStyle = 1; nStyle < 6; ++nStyle) {
+            SCOPED_TRACE(testing::Message() << points.size() << " points, style " << nStyle);
+            CImageDC image(800, 575);
+            image.SetSmooth(true);
+            DrawOnPage(image, points, nStyle);
+            const QImage dashes = ImageOf(image);
+            EXPECT_LT(InkApart(Rendered(FileOf<CSvgDC>(points, nStyle), dashes.size()), dashes), 0.1);
+            for (const std::string& strOther :
+                 {FileOf<CSvgDC>(points, nStyle - 1), FileOf<CSvgDC>(reversed, nStyle)}) {
+                EXPECT_GT(InkApart(Rendered(strOther, dashes.size()), dashes), 0.15);
+            }
+        }
+    }
+    for (const Points& dot : {Points{{400, 400}}, Points{{99, 9}, {99, 9}, {99, 9}}}) {
+        EXPECT_EQ(FileOf<CSvgDC>(dot, 2), FileOf<CSvgDC>(dot, 0));
+    }
+}
+
 TEST(CutIntoDashes, FollowsThePatternAlongALineAndRoundItsCorners) {
     const Points solid{{0, 0}, {500, 0}, {0, 0}}, endless{{INT_MIN, 0}, {INT_MAX, 0}, {INT_MIN, INT_MAX}};
     const struct {
@@ -129,7 +232,9 @@ TEST(CutIntoDashes, FollowsThePatternAlongALineAndRoundItsCorners) {
         {solid, {}, {solid}},
         {endless, {30, 10}, {endless}},
     };
+    std::feclearexcept(FE_ALL_EXCEPT);
     for (const auto& c : cases) {
         EXPECT_EQ(Dashes(c.line, c.pattern), c.dashes);
     }
+    EXPECT_FALSE(std::fetestexcept(FE_DIVBYZERO | FE_INVALID)) << "a program may trap on these";
 }

@@ -67,6 +67,14 @@ public:
 #define TESSARA_UNWRAP(...) __VA_ARGS__
     TESSARA_DRAW_OPERATIONS(TESSARA_DECLARE_OPERATION)
 #undef TESSARA_DECLARE_OPERATION
+
+    /// Draws an open line in dashes, where the device has dash patterns of its own; lengths of dashes and
+    /// gaps in turn are logical. Elsewhere draws nothing and returns false: who wants dashes there cuts the
+    /// line. Not in the table: it looks as the cut line does, and a sink may do without.
+    virtual bool DashedPolyline(const CDrawState& /*state*/, std::span<const POINT> /*points*/,
+                                std::span<const double> /*lengths*/) {
+        return false;
+    }
 };
 
 /// In a sink: declares the override of every operation.

@@ -28,6 +28,9 @@ public:
     CDeviceCaps GetCaps() const override { return m_caps; }
     COLORREF ReadPixel(POINT device) const override;
     TESSARA_DRAW_OPERATIONS(TESSARA_OVERRIDE_OPERATION)
+    /// A vector format has dash patterns; pixels have not.
+    bool DashedPolyline(const CDrawState& state, std::span<const POINT> points,
+                        std::span<const double> lengths) override;
 
 private:
     /// Widths are exact or whole pixels, never below one.
@@ -37,6 +40,7 @@ private:
     bool PrepareShape(const CDrawState& state, bool bSmooth);
     QRectF MapShape(const CDrawState& state, const RECT& rect) const;
     QPointF MapExactly(const CDrawState& state, POINT point) const;
+    bool HasPattern(const CDrawState& state, std::span<const QPointF> points) const;
     void DrawExactly(const CDrawState& state, std::span<const POINT> points);
     void DrawInPixels(std::span<const POINT> points);
     template <class POINT_TYPE>

@@ -86,14 +86,17 @@ DashPattern GetDashPattern(int nStyle) {
     return PATTERNS[static_cast<std::size_t>(nStyle < 0 ? 0 : nStyle) % PATTERNS.size()];
 }
 
+double CountDashes(std::span<const POINT> points, DashPattern pattern) {
+    const double dPeriod = std::accumulate(pattern.begin(), pattern.end(), 0.0);
+    return pattern.empty() ? 0 : GetLength(points) / dPeriod * static_cast<double>(pattern.size()) / 2;
+}
+
 void CutIntoDashes(std::span<const POINT> points, DashPattern pattern,
                    const std::function<void(std::span<const POINT>)>& emit) {
     if (points.empty()) {
         return;
     }
-    const double dPeriod = std::accumulate(pattern.begin(), pattern.end(), 0.0);
-    const double dDashes = GetLength(points) / dPeriod * static_cast<double>(pattern.size()) / 2;
-    if (pattern.empty() || dDashes > MAX_DASHES) {
+    if (pattern.empty() || CountDashes(points, pattern) > MAX_DASHES) {
         emit(points);
         return;
     }

@@ -13,6 +13,9 @@ using DashPattern = std::span<const double>;
 /// The pattern of a stippled style; patterns repeat after the last one.
 TESSARA_API DashPattern GetDashPattern(int nStyle);
 
+/// About how many dashes an open polyline falls into; 0 without a pattern.
+TESSARA_API double CountDashes(std::span<const POINT> points, DashPattern pattern);
+
 /// Cuts an open polyline into its dashes and hands out each, in order. A line that would fall into more than
 /// MAX_DASHES dashes, so dense that no pattern could be seen, is handed out whole.
 TESSARA_API void CutIntoDashes(std::span<const POINT> points, DashPattern pattern,

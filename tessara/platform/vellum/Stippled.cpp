@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "tessara/platform/gdi/DrawSink.h"
 #include "tessara/platform/gdi/PolylineReduction.h"
 #include "tessara/platform/vellum/DashPattern.h"
 
@@ -21,13 +22,25 @@ COLORREF ColorOf(const CDC& dc, int nStyle) {
     return palette[static_cast<std::size_t>(nStyle) % palette.size()];
 }
 
+/// By a pattern of the device's own where it has one, so that a file does not grow with the dashes. A line of
+/// one dash or of too many is better drawn as it is.
+void DrawPiece(CDC& dc, std::span<const POINT> piece, tessara::DashPattern pattern) {
+    tessara::CDrawSink* const pSink = dc.GetSink();
+    const double dDashes = tessara::CountDashes(piece, pattern);
+    if (pSink && dDashes > 1 && dDashes <= tessara::MAX_DASHES &&
+        pSink->DashedPolyline(dc.GetState(), piece, pattern)) {
+        return;
+    }
+    tessara::CutIntoDashes(piece, pattern, [&](std::span<const POINT> dash) {
+        dc.Polyline(dash.data(), static_cast<int>(dash.size()));
+    });
+}
+
 void DrawDashed(CDC& dc, std::span<const POINT> points, int nStyle) {
     std::vector<POINT> kept(points.begin(), points.end());
     kept.resize(tessara::MergeColumns(kept));
     tessara::ClipPolyline(kept, DASHED_SPACE, [&](std::span<const POINT> piece) {
-        tessara::CutIntoDashes(piece, tessara::GetDashPattern(nStyle), [&](std::span<const POINT> dash) {
-            dc.Polyline(dash.data(), static_cast<int>(dash.size()));
-        });
+        DrawPiece(dc, piece, tessara::GetDashPattern(nStyle));
     });
 }
 
