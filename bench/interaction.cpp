@@ -73,6 +73,7 @@ protected:
     LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override {
         if (nMessage == WM_PAINT) {
             CPaintDC dc(this);
+            dc.SetBkMode(TRANSPARENT);
             m_plot.Paint(&dc, CRect(0, 0, INTERACTION_WIDTH, INTERACTION_HEIGHT), nullptr);
             return 0;
         }

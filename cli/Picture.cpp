@@ -15,7 +15,6 @@ namespace {
 
 template <class DC>
 void Paint(const DRAWING& drawing, DC& dc) {
-    dc.SetBkMode(TRANSPARENT);
     if (!drawing.paint(dc, dc.GetClientRect())) {
         AfxThrowMemoryException();
     }
@@ -38,7 +37,6 @@ void DrawPage(const DRAWING& drawing, const CPictureSize& size, const char* pszP
 
 void DrawWmf(const DRAWING& drawing, const CPictureSize& size, const COutputFile& output) {
     CImageDC dc(size.GetWidth(), size.GetHeight(), size.GetDotsPerInch());
-    dc.SetBkMode(TRANSPARENT);
     if (!drawing.writeMetafile(dc, dc.GetClientRect(), output.GetTemporaryPath().c_str())) {
         output.Fail(0);
     }

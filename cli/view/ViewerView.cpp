@@ -102,7 +102,6 @@ void CViewerView::DrawHint(CDC& dc, const RECT& rc) const {
 }
 
 void CViewerView::Paint(CDC& dc, const RECT& rc) const {
-    dc.SetBkMode(TRANSPARENT);
     if (m_pPlot) {
         m_pPlot->GetDrawing().paint(dc, rc);
     } else {

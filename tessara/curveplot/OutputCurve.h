@@ -48,7 +48,8 @@ enum OutputCurveFlag : DWORD {
 /// a curve. A paint keeps what it found for the next: who changes single values of an array in place sets the
 /// data again (an array that is filled anew is noticed). At most MAX_FUNCTIONS functions are shown; further
 /// columns of a multi-curve are left out. Symbols, names and the caption are indexed text (IndexedText.h) but
-/// for the caption and the argument's name, which are plain. Main thread.
+/// for the caption and the argument's name, which are plain. The background mode of text is the caller's:
+/// with an opaque one a text wipes out what stands beside it (CDC). Main thread.
 ///
 ///     COutputCurve plot;
 ///     plot.SetNames("Vapour pressure", "p / kPa~N", "Temperature", "T / K~N");

@@ -77,7 +77,8 @@ constexpr UINT WM_CROSSSECTION = WM_USER + 32;
 /// two colours has branches: parts of colour 0 are the spinodal's trivial branch or the physical part of the
 /// others, all other parts the nontrivial branch or the non-physical part. Values that are infinite or not a
 /// number count for no axis and are gaps. The name is plain text, axis symbols and the slide name are indexed
-/// text (IndexedText.h). Main thread.
+/// text (IndexedText.h). The background mode of text is the caller's: with an opaque one a text wipes out
+/// what stands beside it (CDC). Main thread.
 ///
 ///     CPhaseDiagramOutput diagram;
 ///     diagram.SetNames("Polystyrene in cyclohexane", "T, K~N", "f~G2~L");

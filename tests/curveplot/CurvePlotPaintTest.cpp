@@ -99,6 +99,36 @@ TEST(CurvePlotPaint, CurvesHaveExactlyTheirColoursOnAScreenLeftAsItWas) {
     }
 }
 
+TEST(CurvePlotPaint, TextsWipeNothingOutOnAnImageOfAnyGround) {
+    constexpr COLORREF GREY = RGB(200, 200, 200);
+    double values[] = {0, 0.0073};
+    CTestPlot plot;
+    plot.SetNames("A caption that reaches over the title of the ordinate, with its power of ten",
+                  "A long title of the ordinate, without a unit", "T", "T~N");
+    plot.SetOutputData(values, values, 2);
+    for (const auto& [nWidth, nHeight] : {std::pair(400, 288), {1600, 1150}}) {
+        CImageDC bare(nWidth, nHeight), captioned(nWidth, nHeight);
+        CBrush ground(GREY);
+        for (CImageDC* const pImage : {&bare, &captioned}) {
+            const RECT client = pImage->GetClientRect();
+            pImage->FillRect(&client, &ground);
+            plot.m_bShowCaption = pImage == &captioned;
+            plot.Paint(pImage, client, nullptr);
+        }
+        int nWritten = 0;
+        for (int y = 0; y < plot.m_rcPlotDevice.top - nHeight / 80; ++y) { // above the frame
+            for (int x = 0; x < nWidth; ++x) {
+                const int nBefore = GetRValue(bare.GetPixel(x, y));
+                const int nAfter = GetRValue(captioned.GetPixel(x, y));
+                ASSERT_LE(nBefore, GetRValue(GREY)) << x << "," << y;
+                ASSERT_LE(nAfter, nBefore) << x << "," << y;
+                nWritten += nAfter < nBefore;
+            }
+        }
+        EXPECT_GT(nWritten, nWidth) << "the caption is there";
+    }
+}
+
 TEST(CurvePlotPaint, AnyDataIsPaintedAndEnds) {
     const double values[] = {0, 1, NONE, INFINITE, -INFINITE, 1e308, -1e308, 5e-324, 1e-300, 3};
     std::mt19937 random(5);

@@ -1,9 +1,12 @@
 #include <climits>
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 
 #include <gtest/gtest.h>
 
 #include "tessara/platform/base/Exception.h"
+#include "tests/cli/Folder.h"
 #include "tests/gdi/Surfaces.h"
 
 namespace {
@@ -25,6 +28,35 @@ TEST(Image, IsAtLeastOnePixelAndRefusesWhatMemoryCannotHold) {
     EXPECT_EQ(CImageDC(0, -5).GetClientRect(), (RECT{0, 0, 1, 1}));
     EXPECT_EQ(CImageDC(1, 1).GetPixel(1, 0), CLR_INVALID);
     EXPECT_THROW(CImageDC(INT_MAX, INT_MAX), CMemoryException);
+}
+
+TEST(Image, ItsPixelsLieInOnePlaceAndFollowWhatIsDrawn) {
+    const CFolder folder;
+    for (const SIZE size : {SIZE{100, 80}, SIZE{7, 3}, SIZE{1, 1}}) {
+        CImageDC dc(size.cx, size.cy);
+        const IMAGEPIXELS pixels = dc.GetPixels();
+        ASSERT_EQ((SIZE{pixels.nWidth, pixels.nHeight}), size);
+        const auto* const pFirst = reinterpret_cast<const std::byte*>(pixels.pFirst);
+        for (int nRound = 0; nRound < 3; ++nRound) {
+            for (LONG y = 0; y < size.cy; ++y) {
+                const auto* const pRow = reinterpret_cast<const std::uint32_t*>(pFirst + y * pixels.nStride);
+                for (LONG x = 0; x < size.cx; ++x) {
+                    const COLORREF color = dc.GetPixel(x, y);
+                    ASSERT_EQ(pRow[x] & 0xFFFFFFU,
+                              static_cast<std::uint32_t>(GetRValue(color) << 16 | GetGValue(color) << 8 |
+                                                         GetBValue(color)))
+                        << x << "," << y;
+                }
+            }
+            EXPECT_EQ(dc.GetPixels().pFirst, pixels.pFirst);
+            DrawScene(dc);
+            dc.SetSmooth(true);
+            dc.LineTo(size.cx, size.cy);
+            dc.SavePng(folder.Path("a.png").c_str());
+            dc.SetROP2(R2_NOTXORPEN);
+            dc.LineTo(0, 1);
+        }
+    }
 }
 
 TEST(Image, ShapesLeaveOutTheirRightAndBottomEdgesDownToOnePixel) {

@@ -1,5 +1,7 @@
 #include <cmath>
 
+#include <QPainter>
+#include <QSvgRenderer>
 #include <QXmlStreamReader>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -82,6 +84,38 @@ TEST(SvgFile, IsWellFormedWithAnyText) {
         const QString strRead = reader.readElementText(QXmlStreamReader::IncludeChildElements);
         EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
         EXPECT_TRUE(*pszText != ']' || strRead.contains(pszText));
+    }
+}
+
+TEST(SvgFile, HasAWhiteGroundEverywhereAsAnImageHas) {
+    const CFolder folder;
+    for (const auto& [dWidth, dHeight] : {std::pair(160.0, 115.0), {30.7, 90.3}}) {
+        CSvgDC dc(folder.Path("a.svg").c_str(), dWidth, dHeight);
+        dc.Close();
+        QImage on(123, 77, QImage::Format_RGB32);
+        on.fill(Qt::magenta);
+        QPainter painter(&on);
+        QSvgRenderer(QString::fromStdString(folder.Path("a.svg"))).render(&painter);
+        painter.end();
+        QImage white(on.size(), on.format());
+        white.fill(Qt::white);
+        EXPECT_TRUE(on == white) << dWidth;
+    }
+}
+
+TEST(Surface, StartsWithTextOnWhatIsThereWhereItIsMadeForPlots) {
+    const CFolder folder;
+    CImageDC image(60, 40);
+    CPdfDC pdf(folder.Path("a").c_str(), 50, 50);
+    CSvgDC svg(folder.Path("b").c_str(), 50, 50);
+    CPrinterDC printer("Title", folder.Path("c").c_str());
+    CDC plain;
+    CMetaFileDC picture;
+    for (CDC* const pDC : {static_cast<CDC*>(&image), static_cast<CDC*>(&pdf), static_cast<CDC*>(&svg),
+                           static_cast<CDC*>(&printer), &plain, static_cast<CDC*>(&picture)}) {
+        const bool bFramework = pDC == &plain || pDC == &picture;
+        EXPECT_EQ(pDC->SetBkMode(OPAQUE), bFramework ? OPAQUE : TRANSPARENT)
+            << pDC->GetRuntimeClass()->m_lpszClassName;
     }
 }
 

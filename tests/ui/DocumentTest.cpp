@@ -2,10 +2,18 @@
 #include <fstream>
 #include <sys/stat.h>
 
+#include <gmock/gmock.h>
+
 #include "tessara/platform/base/Exception.h"
+#include "tessara/platform/ui/ClientDC.h"
 #include "tests/ui/Frames.h"
 
 namespace {
+
+using testing::AllOf;
+using testing::Each;
+using testing::Ge;
+using testing::SizeIs;
 
 using DocumentTest = FrameFixture;
 
@@ -161,6 +169,7 @@ TEST_F(DocumentTest, PrintsItsPagesIntoAPdf) {
     const std::string strPdf = ReadText(View().m_strPrintFile);
     EXPECT_EQ(strPdf.substr(0, 5), "%PDF-");
     EXPECT_NE(strPdf.find("/Count 2"), std::string::npos);
+    EXPECT_THAT(View().m_backModes, AllOf(SizeIs(Ge(2U)), Each(TRANSPARENT))) << "on screen and on each page";
     View().m_strPrintFile = PathOf("no folder/pages.pdf");
     QString strText;
     Answer(QMessageBox::Ok, &strText);
@@ -185,6 +194,9 @@ TEST_F(DocumentTest, ThePreviewShowsTheSamePages) {
         modal.close();
     });
     View().OnFilePrintPreview();
+    EXPECT_THAT(View().m_backModes, AllOf(SizeIs(Ge(2U)), Each(TRANSPARENT)));
+    EXPECT_EQ(CClientDC(&View()).SetBkMode(OPAQUE), OPAQUE)
+        << "what a program makes itself is the framework's";
 }
 
 TEST_F(DocumentTest, SettingsAreKeptByKeyAndName) {

@@ -86,6 +86,7 @@ void CTextDocument::Serialize(CArchive& ar) {
 }
 
 void CMarkView::OnDraw(CDC* pDC) {
+    m_backModes.push_back(pDC->SetBkMode(OPAQUE));
     CRect client;
     GetClientRect(&client);
     CBrush red(RGB(255, 0, 0));
@@ -113,6 +114,7 @@ BOOL CMarkView::OnPreparePrinting(CPrintInfo* pInfo) {
 
 void CMarkView::OnPrint(CDC* pDC, CPrintInfo* pInfo) {
     m_bPrinted = pDC->IsPrinting() && pInfo->m_rectDraw.Width() > 1000;
+    m_backModes.push_back(pDC->SetBkMode(OPAQUE));
     pDC->TextOut(pInfo->m_rectDraw.Width() / 2, pInfo->m_rectDraw.Height() / 2, "Page", 4);
 }
 

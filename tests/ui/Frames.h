@@ -53,6 +53,7 @@ public:
     std::vector<BOOL> m_activations;
     CString m_strPrintFile; ///< printed into without a dialog
     bool m_bPrinted = false;
+    std::vector<int> m_backModes; ///< of the surfaces that it was given
     HCURSOR m_hShape = nullptr;
     CPoint m_last; ///< of the last mouse message
     short m_nWheel = 0;

@@ -44,8 +44,13 @@ struct CDrawState;
 ///
 /// The surface owns the drawing state (mapping, selected objects, colours, modes) and hands each operation,
 /// in logical coordinates, to the device behind it. It starts in text mode with a black one-pixel pen, a
-/// white brush, black text on an opaque white background. Rectangles leave out their right and bottom edges.
-/// Nothing fails on odd coordinates: what lies far outside the device is cut off.
+/// white brush, black text on an opaque white background, which fills the cell of each text. Rectangles leave
+/// out their right and bottom edges. Nothing fails on odd coordinates: what lies far outside the device is
+/// cut off.
+///
+/// Surfaces that are made for plots start with a transparent background instead, so that no text wipes out
+/// what is drawn beside it: CImageDC, CPdfDC, CSvgDC, CPrinterDC, and those that a view's OnPrepareDC, OnDraw
+/// and OnPrint are given. Who paints a plot on another (CPaintDC, CClientDC, CMetaFileDC) sets it.
 ///
 /// A surface without a device (default-made) accepts every operation and draws nothing. Surfaces belong to
 /// one thread.

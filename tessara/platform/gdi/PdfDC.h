@@ -4,8 +4,9 @@
 
 #include "tessara/platform/gdi/DC.h"
 
-/// A surface that becomes a PDF file of one page. Text stays text, fonts are embedded. This is a picture, not
-/// a printer: IsPrinting is false.
+/// A surface that becomes a PDF file of one page. Text stays text, fonts are embedded. The page has no ground
+/// of its own: it is as white as the paper, or what a program that places the page elsewhere has under it.
+/// Text has a transparent background (CDC). This is a picture, not a printer: IsPrinting is false.
 ///
 ///     CPdfDC dc("plot.pdf", 160, 115);
 ///     plot.Paint(&dc, dc.GetClientRect(), nullptr);

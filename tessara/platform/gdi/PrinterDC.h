@@ -3,7 +3,8 @@
 #include "tessara/platform/gdi/DC.h"
 
 /// A printing surface: IsPrinting is true. Prints to a printer or, like a print dialog's "print to file",
-/// into a PDF.
+/// into a PDF. Its ground is the paper: nothing is printed where nothing is drawn. Text has a transparent
+/// background (CDC).
 class TESSARA_API CPrinterDC : public CDC {
     DECLARE_DYNAMIC(CPrinterDC)
 

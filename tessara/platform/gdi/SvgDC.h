@@ -4,7 +4,8 @@
 
 #include "tessara/platform/gdi/DC.h"
 
-/// A surface that becomes an SVG file. Text stays text, in Liberation Serif or its metric equals.
+/// A surface that becomes an SVG file, filled with white as an image is. Text stays text, in Liberation Serif
+/// or its metric equals, and has a transparent background (CDC).
 ///
 ///     CSvgDC dc("plot.svg", 160, 115);
 ///     plot.Paint(&dc, dc.GetClientRect(), nullptr);

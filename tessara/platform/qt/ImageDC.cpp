@@ -102,6 +102,7 @@ QByteArray EncodePng(const QImage& image) {
 CImageDC::CImageDC(int nWidth, int nHeight, double dDotsPerInch) {
     Attach(std::make_unique<tessara::CImageSink>(std::max(nWidth, 1), std::max(nHeight, 1),
                                                  tessara::HoldResolution(dDotsPerInch)));
+    SetBkMode(TRANSPARENT);
 }
 
 CImageDC::~CImageDC() = default;
@@ -114,6 +115,12 @@ void CImageDC::SetSmooth(bool bSmooth) {
 RECT CImageDC::GetClientRect() const {
     const SIZE size = GetSink()->GetCaps().size;
     return {0, 0, size.cx, size.cy};
+}
+
+IMAGEPIXELS CImageDC::GetPixels() const {
+    const QImage& image = static_cast<tessara::CImageSink*>(GetSink())->GetImage();
+    return {reinterpret_cast<const std::uint32_t*>(image.constBits()), image.bytesPerLine(), image.width(),
+            image.height()};
 }
 
 void CImageDC::SavePng(const char* pszPath) const {

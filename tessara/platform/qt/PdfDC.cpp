@@ -31,6 +31,7 @@ std::unique_ptr<CPdfSink> MakeSink(double dWidthMm, double dHeightMm) {
 
 CPdfDC::CPdfDC(const char* pszPath, double dWidthMm, double dHeightMm) : m_strPath(pszPath) {
     Attach(MakeSink(dWidthMm, dHeightMm));
+    SetBkMode(TRANSPARENT);
     const SIZE size = GetSink()->GetCaps().size;
     m_rcClient = {0, 0, size.cx, size.cy};
 }

@@ -51,6 +51,7 @@ CPrinterDC::CPrinterDC(const char* pszTitle, const char* pszFileName, ColorMode 
     }
     m_rcClient = {0, 0, caps.size.cx, caps.size.cy};
     Attach(std::move(pSink));
+    SetBkMode(TRANSPARENT);
 }
 
 CPrinterDC::~CPrinterDC() = default;

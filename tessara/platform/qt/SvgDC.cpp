@@ -23,8 +23,11 @@ std::unique_ptr<CSvgSink> MakeSink(double dWidthMm, double dHeightMm) {
     pGenerator->setViewBox(QRect(0, 0, caps.size.cx, caps.size.cy));
     pGenerator->setTitle("Plot");
     pGenerator->setDescription("");
-    return std::make_unique<CSvgSink>(
+    auto pSink = std::make_unique<CSvgSink>(
         tessara::CPageDevice<QSvgGenerator>{std::move(pBuffer), std::move(pGenerator)}, caps);
+    // Black text is to be read on a dark page of a browser, too.
+    pSink->GetPainter().fillRect(0, 0, caps.size.cx, caps.size.cy, Qt::white);
+    return pSink;
 }
 
 /// Where the serif family is not installed, its metric equals keep the layout.
@@ -40,6 +43,7 @@ QByteArray NameFallbackFonts(QByteArray svg) {
 
 CSvgDC::CSvgDC(const char* pszPath, double dWidthMm, double dHeightMm) : m_strPath(pszPath) {
     Attach(MakeSink(dWidthMm, dHeightMm));
+    SetBkMode(TRANSPARENT);
     const SIZE size = GetSink()->GetCaps().size;
     m_rcClient = {0, 0, size.cx, size.cy};
 }

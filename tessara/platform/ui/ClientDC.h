@@ -2,7 +2,9 @@
 
 #include "tessara/platform/ui/Wnd.h"
 
-/// A surface on a window's client area, in its pixels. What is drawn stays until the window is painted anew.
+/// A surface on a window's client area, in its pixels, on the ground that the window has. What is drawn stays
+/// until the window is painted anew. Text has an opaque background, as on any CDC: before a plot is painted
+/// on it, SetBkMode(TRANSPARENT).
 class TESSARA_API CClientDC : public CDC {
     DECLARE_DYNAMIC(CClientDC)
 

@@ -68,6 +68,7 @@ void CView::PrintPages(CPrintInfo& info) {
     info.m_rectDraw = CRect(0, 0, size.cx, size.cy);
     info.m_bContinuePrinting = TRUE;
     CDC dc(std::move(pSink));
+    dc.SetBkMode(TRANSPARENT);
     OnBeginPrinting(&dc, &info);
     PrintEachPage(dc, info);
     OnEndPrinting(&dc, &info);

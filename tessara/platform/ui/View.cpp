@@ -71,6 +71,7 @@ void CView::OnActivateView(BOOL bActivate, CView* pActivateView, CView*) {
 
 void CView::OnPaint() {
     CPaintDC dc(this);
+    dc.SetBkMode(TRANSPARENT);
     OnPrepareDC(&dc);
     OnDraw(&dc);
 }

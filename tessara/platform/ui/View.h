@@ -7,8 +7,9 @@
 /// A child of a frame that shows a document. A program derives its own and draws in OnDraw, on the screen and
 /// on paper.
 ///
-/// The ground is white, whatever the desktop's colours. A view is made with new and deletes itself with its
-/// window.
+/// The ground is white, whatever the desktop's colours, and text on the surfaces that OnPrepareDC, OnDraw and
+/// OnPrint are given has a transparent background, as plots want it. A view is made with new and deletes
+/// itself with its window.
 class TESSARA_API CView : public CWnd {
     DECLARE_DYNAMIC(CView)
 

@@ -68,7 +68,9 @@ using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
 /// and returns zero. Deleting the object destroys the window. An object belongs to the thread that made its
 /// window.
 ///
-///     class CPlotView : public CWnd { ... void OnPaint() { CPaintDC dc(this); ... } };
+///     class CPlotView : public CWnd {
+///         void OnPaint() { CPaintDC dc(this); dc.SetBkMode(TRANSPARENT); ... }
+///     };
 ///     CPlotView view;
 ///     view.Create(nullptr, "Plot", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 800, 575), nullptr, 0);
 class TESSARA_API CWnd : public CCmdTarget {
