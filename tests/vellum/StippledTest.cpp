@@ -209,6 +209,21 @@ TEST(Stippled, ThePatternOfAFileFallsWhereAnImageHasItsDashes) {
             }
         }
     }
+    const auto drawStretched = [](auto& dc) {
+        dc.SetMapMode(MM_ANISOTROPIC);
+        dc.SetWindowExt(tessara::PAGE_WIDTH, tessara::PAGE_HEIGHT * 2);
+        dc.SetViewportExt(dc.GetClientRect().right, dc.GetClientRect().bottom);
+        Points points = WavyCurve(2001);
+        PolyLineStippledEx(&dc, points.data(), static_cast<int>(points.size()), 4, nullptr, 1);
+    };
+    const CFolder folder;
+    CSvgDC svg(folder.Path("a").c_str(), 160, 115);
+    drawStretched(svg);
+    svg.Close();
+    CImageDC image(800, 575);
+    image.SetSmooth(true);
+    drawStretched(image);
+    EXPECT_LT(InkApart(Rendered(folder.Read("a"), {800, 575}), ImageOf(image)), 0.1) << "stretched";
     for (const Points& dot : {Points{{400, 400}}, Points{{99, 9}, {99, 9}, {99, 9}}}) {
         EXPECT_EQ(FileOf<CSvgDC>(dot, 2), FileOf<CSvgDC>(dot, 0));
     }
