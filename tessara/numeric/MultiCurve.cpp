@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <utility>
 
 #include "tessara/numeric/Curve.h"
 #include "tessara/numeric/Storage.h"
@@ -14,6 +15,9 @@ namespace {
 
 /// Columns without points take memory and no bytes of the record, so that the record cannot vouch for them.
 constexpr int MAX_EMPTY_COLUMNS = 1 << 20;
+
+constexpr int FIRST_VALUES = 1 << 13;  ///< of a column that may end at any byte: room made before any is read
+constexpr int FIRST_COLUMNS = 1 << 10; ///< likewise
 
 constexpr int CHUNK = 1 << 20; ///< values passed to an archive at once: a count of bytes is 32 bits wide
 
@@ -40,7 +44,23 @@ void LoadValues(CArchive& ar, double* pValues, int nCount) {
     }
 }
 
-/// Throws unless the archive can hold a record of these counts.
+/// How much room there is to be when nHave of nAll elements are there.
+int GrownRoom(int nHave, int nFirst, int nAll) {
+    return static_cast<int>(
+        std::min<std::int64_t>(nAll, std::max<std::int64_t>(nFirst, std::int64_t{2} * nHave)));
+}
+
+/// Loads an array, which is null, that grows with what has been read.
+void LoadGrowingArray(CArchive& ar, double*& pValues, int nCount) {
+    for (int nDone = 0; nDone < nCount;) {
+        const int nRoom = GrownRoom(nDone, FIRST_VALUES, nCount);
+        tessara::ResizeArray(pValues, nRoom);
+        LoadValues(ar, pValues + nDone, nRoom - nDone);
+        nDone = nRoom;
+    }
+}
+
+/// Throws unless the archive can hold a record of these counts, as far as it knows.
 void CheckCounts(const CArchive& ar, int nDimensions, int nPoints) {
     if (nDimensions < 0 || nPoints < 0 || (nPoints == 0 && nDimensions > MAX_EMPTY_COLUMNS)) {
         AfxThrowArchiveException(CArchiveException::badIndex);
@@ -48,7 +68,7 @@ void CheckCounts(const CArchive& ar, int nDimensions, int nPoints) {
     // At most (2^31 - 1) * 2^31 values: the product fits, their bytes may not.
     const std::uint64_t nValues =
         static_cast<std::uint64_t>(nPoints) * (static_cast<std::uint64_t>(nDimensions) + 1);
-    if (nValues > ar.GetRemaining() / sizeof(double)) {
+    if (ar.HasLength() && nValues > ar.GetRemaining() / sizeof(double)) {
         AfxThrowArchiveException(CArchiveException::endOfFile);
     }
 }
@@ -149,6 +169,12 @@ void CMultiCurve::Load(CArchive& ar) {
     int nPoints = 0;
     ar >> nDimensions >> nPoints;
     CheckCounts(ar, nDimensions, nPoints);
+    if (nPoints > 0 && !ar.HasLength()) {
+        CMultiCurve loaded;
+        loaded.LoadGrowing(ar, nDimensions, nPoints);
+        Take(loaded);
+        return;
+    }
     if (nDimensions != m_nDimensions || nPoints == 0) {
         Free();
     }
@@ -159,6 +185,33 @@ void CMultiCurve::Load(CArchive& ar) {
         for (int j = 0; j < m_nDimensions; ++j) {
             LoadValues(ar, m_ppY[j], m_nPoints);
         }
+    }
+}
+
+/// Loads what follows the counts into a multi-curve without columns or points.
+void CMultiCurve::LoadGrowing(CArchive& ar, int nDimensions, int nPoints) {
+    LoadGrowingArray(ar, m_pX, nPoints);
+    for (int j = 0; j < nDimensions; ++j) {
+        if (j == m_nDimensions) {
+            SetColumnCount(GrownRoom(j, FIRST_COLUMNS, nDimensions));
+        }
+        LoadGrowingArray(ar, m_ppY[j], nPoints);
+    }
+    m_nPoints = nPoints;
+}
+
+/// Takes the values of another multi-curve: into the arrays there are when these have the same counts.
+void CMultiCurve::Take(CMultiCurve& src) {
+    if (m_nDimensions != src.m_nDimensions || m_nPoints != src.m_nPoints) {
+        std::swap(m_nDimensions, src.m_nDimensions);
+        std::swap(m_nPoints, src.m_nPoints);
+        std::swap(m_pX, src.m_pX);
+        std::swap(m_ppY, src.m_ppY);
+        return;
+    }
+    std::copy_n(src.m_pX, m_nPoints, m_pX);
+    for (int j = 0; j < m_nDimensions; ++j) {
+        std::copy_n(src.m_ppY[j], m_nPoints, m_ppY[j]);
     }
 }
 

@@ -50,6 +50,9 @@ public:
     /// Loading accepts any bytes. A negative count, or more than 1,048,576 columns without points, throws
     /// CArchiveException badIndex, a record longer than what remains in the archive endOfFile; the
     /// multi-curve is then as it was. When the file itself fails while it is read, the values are undefined.
+    ///
+    /// From a file without a length (a pipe) it loads as well. The memory then grows with what has been read,
+    /// to about twice as much, and whatever fails leaves the multi-curve as it was.
     void Serialize(CArchive& ar) override;
 
     int m_nDimensions; ///< number of ordinate columns
@@ -61,5 +64,7 @@ private:
     void SetColumnCount(int nDimensions);
     void SetPointCount(int nPoints);
     void Load(CArchive& ar);
+    void LoadGrowing(CArchive& ar, int nDimensions, int nPoints);
+    void Take(CMultiCurve& src);
     void Store(CArchive& ar) const;
 };

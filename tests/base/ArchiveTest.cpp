@@ -82,4 +82,32 @@ TEST(Archive, TheEndInsideANumberAndTheWrongDirectionAreRefused) {
     EXPECT_EQ(file.GetLength(), 3U);
 }
 
+template <class NUMBER>
+concept CanBeStored = requires(CArchive& ar, NUMBER value) {
+    ar << value;
+};
+template <class NUMBER>
+concept CanBeLoaded = requires(CArchive& ar, NUMBER value) {
+    ar >> value;
+};
+
+template <class... NUMBERS>
+std::vector<bool> Storable() {
+    return {CanBeStored<NUMBERS>...};
+}
+
+template <class... NUMBERS>
+std::vector<bool> Loadable() {
+    return {CanBeLoaded<NUMBERS>...};
+}
+
+TEST(Archive, WhatCannotBeExtractedCannotBeInsertedAtAnotherWidth) {
+    EXPECT_THAT(
+        (Storable<bool, char, signed char, short, wchar_t, char16_t, long, unsigned long, long double>()),
+        testing::Each(false));
+    EXPECT_EQ((Storable<BYTE, WORD, int, LONG, UINT, DWORD, float, double, short>()),
+              (Loadable<BYTE, WORD, int, LONG, UINT, DWORD, float, double, short>()));
+    EXPECT_TRUE((CanBeStored<BOOL> && CanBeStored<WORD> && CanBeStored<double>));
+}
+
 } // namespace

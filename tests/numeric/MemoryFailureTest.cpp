@@ -24,7 +24,8 @@
 
 namespace {
 
-int g_nAllocationsLeft = -1; ///< the allocation after these fails; negative: none does
+int g_nAllocationsLeft = -1;     ///< the allocation after these fails; negative: none does
+std::size_t g_nLargestBlock = 0; ///< of all asked for
 
 } // namespace
 
@@ -34,6 +35,7 @@ void* __real_realloc(void* pBlock,
 
 /// The linker passes the containers' calls of realloc here.
 void* __wrap_realloc(void* pBlock, std::size_t nBytes) { // NOLINT(bugprone-reserved-identifier)
+    g_nLargestBlock = std::max(g_nLargestBlock, nBytes);
     return g_nAllocationsLeft >= 0 && g_nAllocationsLeft-- == 0 ? nullptr : __real_realloc(pBlock, nBytes);
 }
 }
@@ -109,6 +111,9 @@ TEST(MemoryFailure, LeavesContainersUsableAndNothingOfAnObjectThatCannotBeMade) 
     const CSpline spline(&other.line, FALSE);
     CSpline assigned(&other.line, FALSE);
     const COperation operations[] = {
+        [](CContainers& it) { it.line.ReAllocate(8); },
+        [](CContainers& it) { it.line.ReAllocate(1); },
+        [](CContainers& it) { it.pieces.ReAllocate(8); },
         [](CContainers& it) { it.multi.ReAllocate(8); },
         [](CContainers& it) { it.multi.ReAllocate(1); },
         [](CContainers& it) { it.multi.SetDimensions(7); },
@@ -135,6 +140,51 @@ TEST(MemoryFailure, LeavesContainersUsableAndNothingOfAnObjectThatCannotBeMade) 
     };
     for (const COperation& operation : operations) {
         EXPECT_GT(FailEachAllocation(operation), 0) << &operation - operations;
+    }
+}
+
+TEST(MemoryFailure, IsNotWhatCountsAskForOfBytesThatDoNotCome) {
+    class CUnending : public CMemFile {
+    public:
+        bool HasLength() const override { return false; }
+    };
+    constexpr int MANY = std::numeric_limits<int>::max();
+    for (const auto& [nDimensions, nPoints] : {std::pair(MANY, MANY), {1, MANY}, {MANY, 1}, {MANY, 1000}}) {
+        CUnending file;
+        CArchive storing(&file, CArchive::store);
+        storing << nDimensions << nPoints;
+        for (int i = 0; i < 100'000; ++i) {
+            storing << 1.5;
+        }
+        storing.Close();
+        file.SeekToBegin();
+        CArchive ar(&file, CArchive::load);
+        CContainers containers;
+        g_nLargestBlock = 0;
+        EXPECT_THROW(containers.multi.Serialize(ar), CArchiveException);
+        EXPECT_LE(g_nLargestBlock, 2 * file.GetLength());
+        EXPECT_EQ(containers.multi.m_nPoints, 4) << "as it was";
+        containers.Use();
+    }
+}
+
+TEST(MemoryFailure, OfTheSecondArrayLeavesTheSmallerCount) {
+    for (const auto& [nAsked, nLeft] : {std::pair(8, 3), std::pair(1, 1)}) {
+        CContainers containers;
+        containers.pieces.AddCurve(&containers.line, 0);
+        const COperation operations[] = {
+            [&](CContainers& it) { it.line.ReAllocate(nAsked); },
+            [&](CContainers& it) { it.pieces.ReAllocate(nAsked); },
+            [&](CContainers& it) { it.piece.ReAllocate(nAsked); },
+        };
+        for (const COperation& operation : operations) {
+            g_nAllocationsLeft = 1;
+            EXPECT_THROW(operation(containers), CMemoryException);
+            g_nAllocationsLeft = -1;
+        }
+        EXPECT_EQ(containers.line.m_nPoints, nLeft);
+        EXPECT_EQ(containers.pieces.m_nPoints, nLeft);
+        EXPECT_EQ(containers.piece.m_nPoints, nLeft);
     }
 }
 

@@ -1,8 +1,11 @@
 #include "tessara/numeric/MultiCurve.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <random>
+#include <string>
+#include <unistd.h>
 #include <utility>
 
 #include <gmock/gmock.h>
@@ -24,6 +27,23 @@ CBytes Stored(CMultiCurve& curve) {
     curve.Serialize(ar);
     ar.Close();
     return {file.GetBuffer().begin(), file.GetBuffer().end()};
+}
+
+/// Loads from a pipe; 0, or the cause of the exception, negative.
+std::int64_t LoadFromPipe(CMultiCurve& curve, const CBytes& bytes) {
+    int ends[2];
+    EXPECT_EQ(pipe(ends), 0);
+    EXPECT_EQ(write(ends[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    CFile file(("/proc/self/fd/" + std::to_string(ends[0])).c_str(), CFile::modeRead);
+    close(ends[0]);
+    close(ends[1]);
+    CArchive ar(&file, CArchive::load);
+    try {
+        curve.Serialize(ar);
+    } catch (const CArchiveException& error) {
+        return -error.m_cause;
+    }
+    return 0;
 }
 
 /// Loads from bytes and returns how many were left, or the cause of the exception, negative.
@@ -74,11 +94,13 @@ TEST_F(MultiCurve, HostileCountsAndACutAnywhereAreRefusedBeforeAnythingChanges) 
         CBytes hostile(8 + static_cast<std::size_t>(item[2]));
         std::memcpy(&hostile[0], item, 8);
         EXPECT_EQ(Load(curve, hostile), -item[3]) << item[0] << " columns, " << item[1] << " points";
+        EXPECT_EQ(LoadFromPipe(curve, hostile), -item[3]) << item[0] << " columns, " << item[1] << " points";
         EXPECT_EQ(Stored(curve), bytes);
     }
     for (CBytes cut = bytes; !cut.empty();) {
         cut.pop_back();
         EXPECT_EQ(Load(curve, cut), -END) << cut.size();
+        EXPECT_EQ(LoadFromPipe(curve, cut), -END) << cut.size();
         EXPECT_EQ(Stored(curve), bytes);
     }
     std::mt19937 random(5);
@@ -90,6 +112,37 @@ TEST_F(MultiCurve, HostileCountsAndACutAnywhereAreRefusedBeforeAnythingChanges) 
             damaged.resize(damaged.size() - static_cast<std::size_t>(nLeft));
             EXPECT_EQ(Stored(curve), damaged) << "loads as the bytes say or not at all";
         }
+    }
+}
+
+TEST_F(MultiCurve, LoadsAnyShapeFromWhatHasNoLength) {
+    class CUnending : public CMemFile {
+    public:
+        bool HasLength() const override { return false; }
+    };
+    for (const auto& [nDimensions, nPoints] : {std::pair(3, 50000), {3000, 2}, {0, 4}, {2, 0}, {1, 2}}) {
+        CMultiCurve shape(nDimensions);
+        shape.Allocate(nPoints);
+        double dValue = 0;
+        std::generate_n(shape.m_pX, nPoints, [&] { return ++dValue; });
+        for (int j = 0; j < nDimensions; ++j) {
+            std::generate_n(shape.m_ppY[j], nPoints, [&] { return ++dValue; });
+        }
+        CBytes bytes = Stored(shape);
+        bytes.push_back(99);
+        CUnending file;
+        file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
+        file.SeekToBegin();
+        CArchive ar(&file, CArchive::load);
+        CMultiCurve loaded(1);
+        loaded.Allocate(2);
+        const double* const pX = loaded.m_pX;
+        loaded.Serialize(ar);
+        BYTE nNext = 0;
+        ar >> nNext;
+        EXPECT_EQ(nNext, 99);
+        EXPECT_TRUE(Stored(loaded) == Stored(shape)) << nDimensions << " columns, " << nPoints << " points";
+        EXPECT_EQ(loaded.m_pX == pX, nDimensions == 1) << "arrays of the same counts are kept";
     }
 }
 

@@ -90,13 +90,41 @@ TEST(MultipartTable, TablesAreAppendedOrWrittenFromAPosition) {
     EXPECT_THAT(Parts(table), ElementsAre(ElementsAre(0, 2, 4), ElementsAre(2, 2, 5), ElementsAre(1, 2, 6)));
     const std::unique_ptr<CTable> pSection(table.Value(0, 1.5));
     EXPECT_THAT(samples::Rows(pSection.get()), ElementsAre(ElementsAre(1.5))) << "only rows that exist";
+    table.SetNumColors(7);
     CMultipartTable copy(&table);
+    EXPECT_EQ(copy.GetNumColors(), 7);
     copy.AddMultipartTable(&copy, -1);
     EXPECT_THAT(samples::Values(copy.m_ppData[0], copy.m_nPoints), ElementsAre(1, 1, 2, 1, 1, 2));
     EXPECT_THAT(Parts(copy)[5], ElementsAre(4, 2, 6));
     copy.Free();
     EXPECT_TRUE(std::isnan(copy.Max(0))) << "the columns are kept and empty";
     EXPECT_EQ(table.Max(0), 2) << "the copy is independent";
+}
+
+TEST(MultipartTable, ATableIsAddedToItselfWholeThoughItsRecordsMoveMeanwhile) {
+    CMultipartTable table(2);
+    table.Allocate(60);
+    for (int i = 0; i < 60; ++i) {
+        table.m_ppData[0][i] = i;
+        table.m_ppData[1][i] = -i;
+        table.BeginPart(i, 100 + i);
+        table.EndPart(i);
+    }
+    table.AddMultipartTable(&table, -1);
+    ASSERT_EQ(table.m_nPoints, 120);
+    ASSERT_EQ(table.m_nParts, 120);
+    for (int i = 0; i < 120; ++i) {
+        EXPECT_EQ(Parts(table)[static_cast<std::size_t>(i)], (std::vector{i, 1, 100 + i % 60}));
+        EXPECT_TRUE(table.m_ppData[0][i] == i % 60 && table.m_ppData[1][i] == -(i % 60)) << i;
+    }
+    CMultipartTable rising(1);
+    rising.Allocate(3);
+    samples::FillRows(rising.m_ppData, {{1}, {2}, {3}});
+    rising.BeginPart(0, 4);
+    rising.EndPart(2);
+    rising.AddMultipartTable(&rising, 1);
+    EXPECT_THAT(samples::Values(rising.m_ppData[0], rising.m_nPoints), ElementsAre(1, 1, 2, 3));
+    EXPECT_THAT(Parts(rising), ElementsAre(ElementsAre(0, 3, 4), ElementsAre(1, 3, 4)));
 }
 
 TEST(MultipartTable, ASegmentCountsThatStartsOnTheLevelOrPassesIt) {

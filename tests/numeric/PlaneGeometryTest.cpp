@@ -130,12 +130,14 @@ TEST(PlaneGeometry, ASphereIsACubeButForASinglePoint) {
 
 TEST(PlaneGeometry, ATableIsNearAPointWhenOneOfItsSegmentsIs) {
     CTable table(3);
-    table.Allocate(4);
-    samples::FillRows(table.m_ppData, {{0, 0, 9}, {4, 0, 9}, {4, 4, 9}, {4, 4, 9}});
-    const double inside[] = {4.1, 2};
+    table.Allocate(5);
+    samples::FillRows(table.m_ppData, {{0, 0, 9}, {4, 0, 9}, {4, 4, 9}, {4, 4, 9}, {8, 4, 9}});
     const double outside[] = {2, 2};
-    EXPECT_EQ(IsTableNearPoint(2, &table, inside, 0.5), 1);
     EXPECT_EQ(IsTableNearPoint(2, &table, outside, 0.5), 0);
+    const double inside[][2] = {{2, 0.1}, {4.1, 2}, {7, 4.1}};
+    for (const auto& point : inside) {
+        EXPECT_EQ(IsTableNearPoint(2, &table, point, 0.5), 1) << point[0];
+    }
     table.ReAllocate(1);
     const double first[] = {0, 0};
     EXPECT_EQ(IsTableNearPoint(2, &table, first, 0.5), 0) << "one row is no segment";

@@ -50,7 +50,8 @@ CArchive::CArchive(tessara::CByteStream* pFile, UINT nMode, int nBufSize)
     if (!pFile) {
         AfxThrowInvalidArgException();
     }
-    m_buffer.resize(static_cast<std::size_t>(std::max(nBufSize, MIN_BUFFER)));
+    tessara::WithMemoryException(
+        [&] { m_buffer.resize(static_cast<std::size_t>(std::max(nBufSize, MIN_BUFFER))); });
 }
 
 CArchive::~CArchive() {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 #include <vector>
 
 #include "tessara/platform/base/Api.h"
@@ -14,6 +15,9 @@ class CDocument;
 ///
 /// Numbers are little-endian and reals IEEE 754, whatever the machine. Nothing marks where a value begins or
 /// what it is: the reader asks for what the writer wrote.
+///
+/// What is inserted can be extracted: numbers of these types alone. Others, which would be widened, do not
+/// compile.
 ///
 /// Storing with a loading archive throws CArchiveException readOnly, loading with a storing one writeOnly,
 /// using a closed one genericException. Extracting a number past the end throws endOfFile. Exceptions of the
@@ -29,6 +33,7 @@ class TESSARA_API CArchive {
 public:
     enum Mode { store = 0, load = 1 };
 
+    /// Throws CMemoryException when there is no memory for the buffer.
     /// REQUIRES: pFile is not null (CInvalidArgException).
     CArchive(tessara::CByteStream* pFile, UINT nMode, int nBufSize = 4096);
     /// Closes the archive; a failure is not reported.
@@ -45,6 +50,8 @@ public:
     CArchive& operator<<(DWORD nValue);
     CArchive& operator<<(float fValue);
     CArchive& operator<<(double dValue);
+    template <class NUMBER>
+    requires std::is_arithmetic_v<NUMBER> CArchive& operator<<(NUMBER nValue) = delete;
     CArchive& operator>>(BYTE& nValue);
     CArchive& operator>>(WORD& nValue);
     CArchive& operator>>(LONG& nValue);
@@ -57,7 +64,11 @@ public:
     void Write(const void* pBuffer, UINT nCount);
 
     /// Bytes that a loading archive can still deliver; 0 for a storing or a closed one.
+    /// REQUIRES: HasLength()
     std::uint64_t GetRemaining() const;
+    /// False when the file's end is known only when it is reached, that of a pipe for example. True for a
+    /// closed archive.
+    bool HasLength() const { return !m_pFile || m_pFile->HasLength(); }
 
     /// Passes what is buffered to the file and flushes the file. Does nothing when loading.
     void Flush();

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <new>
-#include <stdexcept>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -15,13 +14,13 @@
 /// An index outside the array (or, where an element is inserted, a negative one) throws CInvalidArgException,
 /// running out of memory CMemoryException; the array is then as it was. New elements that are not given are
 /// value-initialised. The elements belong to the array; pointers and references to them are valid until its
-/// size changes. Arrays of pointers do not own what the pointers point to.
+/// size changes or fails to. Arrays of pointers do not own what the pointers point to.
 ///
 ///     CArray<double> values;
 ///     values.Add(1.5);
 ///     values.SetAtGrow(3, 2.5); // 1.5, 0, 0, 2.5
 ///
-/// REQUIRES: TYPE can be copied; it is not bool.
+/// REQUIRES: TYPE can be copied, and moved without an exception; it is not bool.
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CArray : public CObject {
 public:
@@ -34,13 +33,16 @@ public:
         if (nNewSize < 0) {
             AfxThrowInvalidArgException();
         }
-        Try([&] { m_elements.resize(static_cast<std::size_t>(nNewSize)); });
+        tessara::WithMemoryException([&] { m_elements.resize(static_cast<std::size_t>(nNewSize)); });
     }
     void RemoveAll() { m_elements.clear(); }
 
     const TYPE& GetAt(int nIndex) const { return m_elements[Check(nIndex)]; }
     TYPE& ElementAt(int nIndex) { return m_elements[Check(nIndex)]; }
-    void SetAt(int nIndex, ARG_TYPE newElement) { m_elements[Check(nIndex)] = newElement; }
+    void SetAt(int nIndex, ARG_TYPE newElement) {
+        TYPE& element = m_elements[Check(nIndex)];
+        tessara::WithMemoryException([&] { element = TYPE(newElement); });
+    }
     const TYPE& operator[](int nIndex) const { return GetAt(nIndex); }
     TYPE& operator[](int nIndex) { return ElementAt(nIndex); }
     /// Null when the array is empty.
@@ -49,7 +51,10 @@ public:
 
     /// Returns the index of the new element.
     int Add(ARG_TYPE newElement) {
-        Try([&] { m_elements.push_back(newElement); });
+        tessara::WithMemoryException([&] {
+            CheckRoom(m_elements.size(), 1);
+            m_elements.push_back(newElement);
+        });
         return GetUpperBound();
     }
     /// Sets an element, growing the array up to it first when it ends before.
@@ -65,11 +70,23 @@ public:
         if (nIndex < 0 || nCount < 0) {
             AfxThrowInvalidArgException();
         }
-        Try([&] {
-            const TYPE element = newElement; // it may be one of this array's own
-            m_elements.resize(std::max(m_elements.size(), static_cast<std::size_t>(nIndex)));
-            m_elements.insert(m_elements.begin() + nIndex, static_cast<std::size_t>(nCount), element);
-        });
+        const auto nAt = static_cast<std::size_t>(nIndex), nMore = static_cast<std::size_t>(nCount);
+        const std::size_t nOldSize = m_elements.size();
+        const std::size_t nEnd = std::max(nOldSize, nAt);
+        try {
+            tessara::WithMemoryException([&] {
+                CheckRoom(nEnd, nMore);
+                const TYPE element = newElement; // it may be one of this array's own
+                m_elements.resize(nEnd);
+                m_elements.insert(m_elements.end(), nMore, element);
+            });
+        } catch (...) {
+            m_elements.erase(m_elements.begin() + static_cast<std::ptrdiff_t>(nOldSize), m_elements.end());
+            throw;
+        }
+        // What was added behind the others changes places with those it comes before: nothing can fail any
+        // more.
+        std::rotate(m_elements.begin() + nIndex, m_elements.end() - nCount, m_elements.end());
     }
     void RemoveAt(int nIndex, int nCount = 1) {
         if (nIndex < 0 || nCount < 0 || nIndex > GetSize() - nCount) {
@@ -82,7 +99,8 @@ public:
     /// Appends copies of another array's elements and returns the index of the first of them.
     int Append(const CArray& src) {
         const int nOldSize = GetSize();
-        Try([&] {
+        tessara::WithMemoryException([&] {
+            CheckRoom(m_elements.size(), src.m_elements.size());
             std::vector<TYPE> elements;
             elements.reserve(m_elements.size() + src.m_elements.size());
             elements.insert(elements.end(), m_elements.begin(), m_elements.end());
@@ -93,7 +111,7 @@ public:
     }
     /// Replaces the elements by copies of another array's.
     void Copy(const CArray& src) {
-        Try([&] { m_elements = std::vector<TYPE>(src.m_elements); });
+        tessara::WithMemoryException([&] { m_elements = std::vector<TYPE>(src.m_elements); });
     }
 
 private:
@@ -104,14 +122,9 @@ private:
         return static_cast<std::size_t>(nIndex);
     }
 
-    /// Runs what may allocate and reports a failure as the framework does.
-    template <class ACTION>
-    static void Try(ACTION action) {
-        try {
-            action();
-        } catch (const std::bad_alloc&) {
-            AfxThrowMemoryException();
-        } catch (const std::length_error&) {
+    /// Throws unless nSize elements and nMore of them can be counted.
+    static void CheckRoom(std::size_t nSize, std::size_t nMore) {
+        if (nMore > static_cast<std::size_t>(std::numeric_limits<int>::max()) - nSize) {
             AfxThrowMemoryException();
         }
     }

@@ -15,6 +15,9 @@ public:
     virtual UINT Read(void* pBuffer, UINT nCount) = 0;
     virtual void Write(const void* pBuffer, UINT nCount) = 0;
     virtual void Flush() = 0;
+    /// False when the end is known only when it is reached; GetRemaining then means nothing or throws
+    /// CFileException.
+    virtual bool HasLength() const { return true; }
     /// Bytes from the current position to the end.
     virtual std::uint64_t GetRemaining() const = 0;
 };

@@ -102,7 +102,8 @@ CFileException::CFileException(int nCause, LONG lOsError, const char* pszFileNam
 CFileException::~CFileException() = default;
 
 CFileException CFileException::FromErrno(int nErrno, const char* pszFileName) {
-    return CFileException(FileCauseFromErrno(nErrno), nErrno, pszFileName);
+    return tessara::WithMemoryException(
+        [&] { return CFileException(FileCauseFromErrno(nErrno), nErrno, pszFileName); });
 }
 
 CArchiveException::CArchiveException(int nCause) : CException(ArchiveText(nCause)), m_cause(nCause) {}
@@ -125,9 +126,9 @@ void AfxThrowInvalidArgException() {
 }
 
 void AfxThrowFileException(int nCause, LONG lOsError, const char* pszFileName) {
-    throw CFileException(nCause, lOsError, pszFileName);
+    throw tessara::WithMemoryException([&] { return CFileException(nCause, lOsError, pszFileName); });
 }
 
 void AfxThrowArchiveException(int nCause) {
-    throw CArchiveException(nCause);
+    throw tessara::WithMemoryException([&] { return CArchiveException(nCause); });
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <exception>
+#include <new>
+#include <stdexcept>
 #include <string>
 
 #include "tessara/platform/base/Api.h"
@@ -100,3 +102,19 @@ public:
 [[noreturn]] TESSARA_API void AfxThrowFileException(int nCause, LONG lOsError = -1,
                                                     const char* pszFileName = nullptr);
 [[noreturn]] TESSARA_API void AfxThrowArchiveException(int nCause);
+
+namespace tessara {
+
+/// Gives what an action gives; a lack of memory in it, and a size that cannot be, become CMemoryException.
+template <class ACTION>
+decltype(auto) WithMemoryException(ACTION action) {
+    try {
+        return action();
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    } catch (const std::length_error&) {
+        AfxThrowMemoryException();
+    }
+}
+
+} // namespace tessara

@@ -7,6 +7,8 @@
 #include "tessara/platform/base/Number.h"
 #include "tessara/platform/base/StringResources.h"
 
+using tessara::WithMemoryException;
+
 namespace {
 
 constexpr std::string_view WHITE_SPACE = " \t\n\v\f\r";
@@ -38,7 +40,19 @@ int Position(std::size_t nFound) {
 
 } // namespace
 
-CString::CString(char ch, int nRepeat) : m_str(ClipCount(nRepeat), ch) {}
+CString::CString(const char* psz) : CString(std::string_view(psz ? psz : "")) {}
+
+CString::CString(std::string_view str) : m_str(WithMemoryException([&] { return std::string(str); })) {}
+
+CString::CString(const CString& src) : CString(src.View()) {}
+
+CString& CString::operator=(const CString& src) {
+    WithMemoryException([&] { m_str = src.m_str; });
+    return *this;
+}
+
+CString::CString(char ch, int nRepeat)
+    : m_str(WithMemoryException([&] { return std::string(ClipCount(nRepeat), ch); })) {}
 
 char CString::GetAt(int nIndex) const {
     return m_str[CheckIndex(m_str, nIndex)];
@@ -49,17 +63,17 @@ void CString::SetAt(int nIndex, char ch) {
 }
 
 CString& CString::operator+=(const CString& str) {
-    m_str += str.m_str;
+    WithMemoryException([&] { m_str += str.m_str; });
     return *this;
 }
 
 CString& CString::operator+=(const char* psz) {
-    m_str += psz ? psz : "";
+    WithMemoryException([&] { m_str += psz ? psz : ""; });
     return *this;
 }
 
 CString& CString::operator+=(char ch) {
-    m_str += ch;
+    WithMemoryException([&] { m_str += ch; });
     return *this;
 }
 
@@ -132,7 +146,7 @@ void CString::Format(const char* pszFormat, ...) {
 
 BOOL CString::LoadString(UINT nID) {
     const char* const pszText = tessara::FindStringResource(nID);
-    m_str = pszText ? pszText : "";
+    *this = CString(pszText);
     return pszText != nullptr;
 }
 

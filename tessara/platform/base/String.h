@@ -11,13 +11,19 @@
 /// A string of bytes. How bytes become characters on screen is said in Text.h.
 ///
 /// Positions and lengths count bytes. A position outside the string throws CInvalidArgException where a
-/// single character is asked for; Left, Mid and Right clip to the string.
+/// single character is asked for; Left, Mid and Right clip to the string. Running out of memory throws
+/// CMemoryException; the string is then as it was.
 class TESSARA_API CString {
 public:
     CString() = default;
-    CString(const char* psz) : m_str(psz ? psz : "") {}
-    CString(std::string_view str) : m_str(str) {}
+    CString(const char* psz);
+    CString(std::string_view str);
     CString(std::string str) : m_str(std::move(str)) {}
+    CString(const CString& src);
+    CString(CString&& src) noexcept = default;
+    CString& operator=(const CString& src);
+    CString& operator=(CString&& src) noexcept = default;
+    ~CString() = default;
     explicit CString(char ch, int nRepeat = 1);
 
     operator const char*() const { return m_str.c_str(); }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "tessara/platform/base/Exception.h"
+
 namespace tessara {
 
 namespace {
@@ -15,7 +17,7 @@ std::vector<std::span<const CStringResource>>& Tables() {
 } // namespace
 
 void AddStringResources(std::span<const CStringResource> table) {
-    Tables().push_back(table);
+    WithMemoryException([&] { Tables().push_back(table); });
 }
 
 const char* FindStringResource(UINT nID) {

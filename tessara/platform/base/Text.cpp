@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "tessara/platform/base/Exception.h"
+
 namespace {
 
 constexpr char32_t REPLACEMENT = 0xFFFD;
@@ -100,36 +102,42 @@ bool IsValidUtf8(std::string_view strBytes) {
 }
 
 std::u32string DecodeText(std::string_view strBytes) {
-    std::u32string strCharacters;
-    strCharacters.reserve(strBytes.size());
-    if (!IsValidUtf8(strBytes)) {
-        for (const char ch : strBytes) {
-            strCharacters += DecodeWindows1252(static_cast<unsigned char>(ch));
+    return WithMemoryException([&] {
+        std::u32string strCharacters;
+        strCharacters.reserve(strBytes.size());
+        if (!IsValidUtf8(strBytes)) {
+            for (const char ch : strBytes) {
+                strCharacters += DecodeWindows1252(static_cast<unsigned char>(ch));
+            }
+            return strCharacters;
+        }
+        while (!strBytes.empty()) {
+            const CDecoded decoded = DecodeSequence(strBytes);
+            strCharacters += decoded.chCharacter;
+            strBytes.remove_prefix(decoded.nBytes);
         }
         return strCharacters;
-    }
-    while (!strBytes.empty()) {
-        const CDecoded decoded = DecodeSequence(strBytes);
-        strCharacters += decoded.chCharacter;
-        strBytes.remove_prefix(decoded.nBytes);
-    }
-    return strCharacters;
+    });
 }
 
 std::string EncodeUtf8(std::u32string_view strCharacters) {
-    std::string strBytes;
-    strBytes.reserve(strCharacters.size());
-    for (const char32_t ch : strCharacters) {
-        AppendUtf8(strBytes, IsCharacter(ch) ? ch : REPLACEMENT);
-    }
-    return strBytes;
+    return WithMemoryException([&] {
+        std::string strBytes;
+        strBytes.reserve(strCharacters.size());
+        for (const char32_t ch : strCharacters) {
+            AppendUtf8(strBytes, IsCharacter(ch) ? ch : REPLACEMENT);
+        }
+        return strBytes;
+    });
 }
 
 std::string EncodeWindows1252(std::u32string_view strCharacters) {
-    std::string strBytes(strCharacters.size(), '?');
-    std::transform(strCharacters.begin(), strCharacters.end(), strBytes.begin(),
-                   [](char32_t ch) { return ::EncodeWindows1252(ch); });
-    return strBytes;
+    return WithMemoryException([&] {
+        std::string strBytes(strCharacters.size(), '?');
+        std::transform(strCharacters.begin(), strCharacters.end(), strBytes.begin(),
+                       [](char32_t ch) { return ::EncodeWindows1252(ch); });
+        return strBytes;
+    });
 }
 
 std::size_t CharacterLength(std::string_view strBytes) {

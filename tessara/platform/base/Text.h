@@ -5,8 +5,9 @@
 
 #include "tessara/platform/base/Api.h"
 
-// How strings of bytes become characters. Valid UTF-8 is read as UTF-8, anything else as Windows-1252, so
-// both modern text and the byte 0xD7 (a multiplication sign) are shown as meant.
+// How strings of bytes become characters. Running out of memory throws CMemoryException. Valid UTF-8 is read
+// as UTF-8, anything else as Windows-1252, so both modern text and the byte 0xD7 (a multiplication sign) are
+// shown as meant.
 
 namespace tessara {
 

@@ -134,6 +134,14 @@ void CFile::Flush() {
     }
 }
 
+bool CFile::HasLength() const {
+    struct stat status;
+    if (fstat(Descriptor(), &status) != 0) {
+        ThrowErrno();
+    }
+    return S_ISREG(status.st_mode);
+}
+
 std::uint64_t CFile::GetRemaining() const {
     const std::uint64_t nLength = GetLength();
     const std::uint64_t nPosition = GetPosition();

@@ -61,6 +61,8 @@ public:
     void Write(const void* pBuffer, UINT nCount) override;
     /// Returns when the bytes are on the disk, as far as the system can tell.
     void Flush() override;
+    /// False for pipes and devices.
+    bool HasLength() const override;
     std::uint64_t GetRemaining() const override;
 
     /// Returns the new position, which may lie beyond the end.

@@ -32,6 +32,7 @@ public:
     UINT Read(void* pBuffer, UINT nCount) override;
     void Write(const void* pBuffer, UINT nCount) override;
     void Flush() override;
+    bool HasLength() const override { return true; }
     std::int64_t Seek(std::int64_t nOffset, UINT nFrom) override;
     std::uint64_t GetPosition() const override;
     std::uint64_t GetLength() const override;
