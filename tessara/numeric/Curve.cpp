@@ -1,5 +1,6 @@
 #include "tessara/numeric/Curve.h"
 
+#include <cmath>
 #include <limits>
 
 #include "tessara/numeric/Piecewise.h"
@@ -11,15 +12,16 @@ namespace {
 
 /// The ordinate at x over the points nFirst to nLast of two or more.
 double Interpolate(const double* pX, const double* pY, int nFirst, int nLast, double x) {
-    // A single point has no interval, whatever NaN x makes of the comparisons.
-    if (x <= pX[nFirst] || nFirst == nLast) {
+    // A single point has no interval, whatever NaN x makes of the comparisons, which raise no exception for
+    // it.
+    if (std::islessequal(x, pX[nFirst]) || nFirst == nLast) {
         return pY[nFirst];
     }
-    if (x >= pX[nLast]) {
+    if (std::isgreaterequal(x, pX[nLast])) {
         return pY[nLast];
     }
     // At the second abscissa the first interval is used, though the search would find the second one.
-    const int i = x <= pX[nFirst + 1] ? nFirst : tessara::FindInterval(pX, nFirst, nLast, x);
+    const int i = std::islessequal(x, pX[nFirst + 1]) ? nFirst : tessara::FindInterval(pX, nFirst, nLast, x);
     return tessara::CLinearPiece{pX, pY}(i, x);
 }
 

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <memory>
-#include <new>
 
 #include "tessara/numeric/CrossingSearch.h"
 #include "tessara/numeric/Curve.h"
 #include "tessara/numeric/MultipartTable.h"
 #include "tessara/numeric/PartRecords.h"
 #include "tessara/numeric/Storage.h"
+#include "tessara/platform/base/NoTraps.h"
 
 namespace {
 
@@ -76,20 +76,19 @@ CMultipartTable* MakeTable(const CCrossingList& crossings, const CSide& a, const
     return pResult.release();
 }
 
-/// Lack of memory in the search is the library's own exception too.
+/// Runs a search. Lack of memory in it is the library's own exception too. It compares boxes in machine
+/// vectors, which raise an exception for what is not a number, and crosses segments without asking first
+/// whether their boxes have numbers at all.
 template <class FUNCTION>
-CMultipartTable* WithMemoryException(FUNCTION function) {
-    try {
-        return function();
-    } catch (const std::bad_alloc&) {
-        AfxThrowMemoryException();
-    }
+CMultipartTable* Search(FUNCTION function) {
+    const tessara::CNoTraps noTraps;
+    return tessara::WithMemoryException(function);
 }
 
 } // namespace
 
 CMultipartTable* Find2DSelfIntersections(CMultipartTable* pTable, int nX, int nY) {
-    return WithMemoryException([&] {
+    return Search([&] {
         const tessara::CPolylines lines(*pTable, nX, nY);
         const CCrossingList crossings =
             tessara::SortedCrossings(tessara::SearchSelfCrossings(lines), lines.Count());
@@ -100,7 +99,7 @@ CMultipartTable* Find2DSelfIntersections(CMultipartTable* pTable, int nX, int nY
 
 CMultipartTable* FindIntersections(CMultipartTable* pA, CMultipartTable* pB, int nXA, int nYA, int nXB,
                                    int nYB) {
-    return WithMemoryException([&] {
+    return Search([&] {
         const tessara::CPolylines a(*pA, nXA, nYA);
         const tessara::CPolylines b(*pB, nXB, nYB);
         const CCrossingList crossings = tessara::SortedCrossings(tessara::SearchCrossings(a, b), a.Count());

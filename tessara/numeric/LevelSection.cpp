@@ -1,5 +1,7 @@
 #include "tessara/numeric/LevelSection.h"
 
+#include <cmath>
+
 #include "tessara/numeric/Curve.h"
 #include "tessara/numeric/PartRecords.h"
 #include "tessara/numeric/Storage.h"
@@ -7,8 +9,10 @@
 namespace {
 
 bool Crosses(double dFrom, double dTo, double dValue) {
-    // Without short circuits: which comparison fails is as good as random along a curve.
-    return ((dFrom <= dValue) & (dValue < dTo)) | ((dFrom >= dValue) & (dValue > dTo));
+    // Without short circuits: which comparison fails is as good as random along a curve. By function: gaps in
+    // a curve are not to trap.
+    return (std::islessequal(dFrom, dValue) & std::isless(dValue, dTo)) |
+           (std::isgreaterequal(dFrom, dValue) & std::isgreater(dValue, dTo));
 }
 
 /// Calls action(i) for every segment (i, i + 1) that crosses the level.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 
 namespace tessara {
@@ -17,7 +18,7 @@ inline int FindInterval(const double* pX, int nFirst, int nEnd, double x) {
     for (auto nCount = static_cast<std::size_t>(nEnd - nFirst); nCount > 1;) {
         const std::size_t nHalf = nCount / 2;
         const double* pMiddle = pBase + nHalf;
-        pBase = *pMiddle <= x ? pMiddle : pBase;
+        pBase = std::islessequal(*pMiddle, x) ? pMiddle : pBase; // quiet for NaN
         nCount -= nHalf;
     }
     return static_cast<int>(pBase - pX);

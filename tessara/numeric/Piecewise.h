@@ -1,11 +1,13 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "tessara/numeric/IntervalFinder.h"
 #include "tessara/numeric/Knots.h"
 #include "tessara/numeric/Lookup.h"
+#include "tessara/platform/base/NoTraps.h"
 
 // Functions of one variable that are defined piece by piece between knots and are constant outside them: one
 // value at a time, and many at once. What a piece is, is a class with the operations of CLinearPiece.
@@ -54,14 +56,15 @@ struct CCubicPiece {
 template <class PIECE>
 double ClampedValue(const CKnots& knots, double x, const PIECE& piece) {
     const int nLast = knots.nPoints - 1;
-    if (nLast < 1 || x <= knots.pX[0]) {
+    // By function: what is not a number raises no floating-point exception then.
+    if (nLast < 1 || std::islessequal(x, knots.pX[0])) {
         return knots.pY[0];
     }
-    if (x >= knots.pX[nLast]) {
+    if (std::isgreaterequal(x, knots.pX[nLast])) {
         return knots.pY[nLast];
     }
     // At the second abscissa the first interval is used, though the search would find the second one.
-    return piece(x <= knots.pX[1] ? 0 : FindInterval(knots.pX, 0, nLast, x), x);
+    return piece(std::islessequal(x, knots.pX[1]) ? 0 : FindInterval(knots.pX, 0, nLast, x), x);
 }
 
 /// The value at each of nCount x, to the last bit what ClampedValue gives; the ordinate of a single knot, NaN
@@ -73,6 +76,7 @@ void EvaluateAll(const CKnots& knots, const PIECE& piece, const double* pAt, dou
         std::fill_n(pValues, std::max(nCount, 0), dValue);
         return;
     }
+    const CNoTraps noTraps; // vectors compare what may be no number; where an index overflows it is left out
     const int nLast = knots.nPoints - 1;
     const double dFirst = knots.pX[0];
     const double dSecond = knots.pX[1];

@@ -41,10 +41,12 @@ struct CLine {
         const NUMBER one = zero + 1.0;
         const auto vertical = x1 == x2;
         const auto level = y1 == y2;
-        // What is divided by zero here is not selected.
-        const NUMBER obliqueA = one / (x2 - x1);
-        const NUMBER obliqueB = -one / (y2 - y1);
-        const NUMBER obliqueC = -x1 * obliqueA + y1 / (y2 - y1);
+        // What is computed for nothing is not selected, nor does it divide by zero: a program may trap that.
+        const NUMBER width = vertical ? one : x2 - x1;
+        const NUMBER height = level ? one : y2 - y1;
+        const NUMBER obliqueA = one / width;
+        const NUMBER obliqueB = -one / height;
+        const NUMBER obliqueC = -x1 * obliqueA + y1 / height;
         a = vertical ? one : level ? zero : obliqueA;
         b = vertical ? zero : level ? one : obliqueB;
         c = vertical ? -x1 : level ? -y1 : obliqueC;
@@ -61,10 +63,10 @@ inline CLine<double> Lane(const CLine<CLanes>& lines, int i) {
 }
 
 /// Whether two lines are not parallel, and the point where they meet. Without branches: what parallel lines
-/// give is no point.
+/// give is no point, though no division by zero either.
 inline bool Meet(const CLine<double>& a, const CLine<double>& b, double& x, double& y) {
     const double dDeterminant = a.a * b.b - a.b * b.a;
-    const double dInverse = 1 / dDeterminant;
+    const double dInverse = 1 / (dDeterminant + (dDeterminant == 0));
     x = (a.b * b.c - a.c * b.b) * dInverse;
     y = (a.c * b.a - a.a * b.c) * dInverse;
     return dDeterminant != 0;

@@ -1,6 +1,7 @@
 #include "tessara/numeric/Spline.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "tessara/numeric/Curve.h"
@@ -62,7 +63,8 @@ double CSpline::Value(double x, int nFirst, int nLast) const {
         return m_pY[nFirst];
     }
     // At the second abscissa the first interval is used, though the search would find the second one.
-    const int i = x <= m_pX[nFirst + 1] ? nFirst : tessara::FindInterval(m_pX, nFirst, nLast, x);
+    const int i =
+        std::islessequal(x, m_pX[nFirst + 1]) ? nFirst : tessara::FindInterval(m_pX, nFirst, nLast, x);
     return Pieces(*this)(i, x);
 }
 

@@ -10,7 +10,7 @@ namespace tessara {
 /// where zero counts as positive. NaN stays.
 inline double GuardedWidth(double dWidth) {
     constexpr double dLeast = 1e-16;
-    if (std::fabs(dWidth) < dLeast) {
+    if (std::isless(std::fabs(dWidth), dLeast)) { // quiet for NaN
         return dWidth < 0 ? dLeast : -dLeast;
     }
     return dWidth;

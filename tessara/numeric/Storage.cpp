@@ -1,10 +1,20 @@
 #include "tessara/numeric/Storage.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
 namespace tessara {
+
+namespace {
+
+/// The operator would raise a floating-point exception for what is not a number.
+bool Less(double a, double b) {
+    return std::isless(a, b);
+}
+
+} // namespace
 
 int AddCounts(int nCount, int nMore) {
     int nSum = 0;
@@ -56,14 +66,14 @@ double MinValue(const double* pValues, int nCount) {
     if (nCount < 1) {
         return std::numeric_limits<double>::quiet_NaN();
     }
-    return *std::min_element(pValues, pValues + nCount);
+    return *std::min_element(pValues, pValues + nCount, Less);
 }
 
 double MaxValue(const double* pValues, int nCount) {
     if (nCount < 1) {
         return std::numeric_limits<double>::quiet_NaN();
     }
-    return *std::max_element(pValues, pValues + nCount);
+    return *std::max_element(pValues, pValues + nCount, Less);
 }
 
 } // namespace tessara

@@ -1,7 +1,7 @@
 #include "tessara/numeric/Zoom.h"
 
 #include <algorithm>
-#include <functional>
+#include <cmath>
 #include <memory>
 #include <span>
 
@@ -12,6 +12,14 @@
 #include "tessara/numeric/Storage.h"
 
 namespace {
+
+// The operators would raise a floating-point exception for gaps in a curve, which are not numbers.
+bool Less(double a, double b) {
+    return std::isless(a, b);
+}
+bool Greater(double a, double b) {
+    return std::isgreater(a, b);
+}
 
 struct CZoomRect {
     double xMin, yMin, xMax, yMax;
@@ -26,10 +34,10 @@ struct CPlaneRows {
 
     /// Whether segment (i, i + 1) reaches into the rectangle.
     bool Reaches(int i, const CZoomRect& rect) const {
-        return !(((pX[i] < rect.xMin) & (pX[i + 1] < rect.xMin)) |
-                 ((pX[i] > rect.xMax) & (pX[i + 1] > rect.xMax)) |
-                 ((pY[i] < rect.yMin) & (pY[i + 1] < rect.yMin)) |
-                 ((pY[i] > rect.yMax) & (pY[i + 1] > rect.yMax)));
+        return !((Less(pX[i], rect.xMin) & Less(pX[i + 1], rect.xMin)) |
+                 (Greater(pX[i], rect.xMax) & Greater(pX[i + 1], rect.xMax)) |
+                 (Less(pY[i], rect.yMin) & Less(pY[i + 1], rect.yMin)) |
+                 (Greater(pY[i], rect.yMax) & Greater(pY[i + 1], rect.yMax)));
     }
 };
 
@@ -91,10 +99,10 @@ void ClipEdge(double* pAcross, double* pAlong, int nPoints, double dEdge, BEYOND
 }
 
 void ClipRun(double* pX, double* pY, int nPoints, const CZoomRect& rect) {
-    ClipEdge(pY, pX, nPoints, rect.yMin, std::less<>());
-    ClipEdge(pY, pX, nPoints, rect.yMax, std::greater<>());
-    ClipEdge(pX, pY, nPoints, rect.xMin, std::less<>());
-    ClipEdge(pX, pY, nPoints, rect.xMax, std::greater<>());
+    ClipEdge(pY, pX, nPoints, rect.yMin, Less);
+    ClipEdge(pY, pX, nPoints, rect.yMax, Greater);
+    ClipEdge(pX, pY, nPoints, rect.xMin, Less);
+    ClipEdge(pX, pY, nPoints, rect.xMax, Greater);
 }
 
 } // namespace

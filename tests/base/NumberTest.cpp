@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "tessara/platform/base/String.h"
+#include "tests/support/RaisedFlags.h"
 
 namespace {
 
@@ -71,6 +72,7 @@ TEST(Number, ANumberIsAllOfItsText) {
     for (const auto& [pszText, nAny, nNotNegative] : cases) {
         EXPECT_EQ(IsDouble(pszText, 1), nAny) << (pszText ? pszText : "null");
         EXPECT_EQ(IsDouble(pszText, 0), nNotNegative) << (pszText ? pszText : "null");
+        EXPECT_EQ(tessara::RaisedIn([&] { IsDouble(pszText, 0); }), "") << "for a program that traps";
     }
 }
 

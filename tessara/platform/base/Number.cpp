@@ -1,5 +1,6 @@
 #include "tessara/platform/base/Number.h"
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <locale.h>
@@ -7,6 +8,7 @@
 #include <utility>
 
 #include "tessara/platform/base/Exception.h"
+#include "tessara/platform/base/NoTraps.h"
 
 namespace {
 
@@ -146,6 +148,7 @@ std::optional<double> ParseNumber(const char* pszText) {
         return std::nullopt;
     }
     const CNumericLocale locale;
+    const CNoTraps noTraps; // strtod raises an exception for a text such as 1e999
     char* pszEnd = nullptr;
     const double dValue = std::strtod(pszText, &pszEnd);
     return pszEnd != pszText && !*pszEnd ? std::optional(dValue) : std::nullopt;
@@ -155,5 +158,5 @@ std::optional<double> ParseNumber(const char* pszText) {
 
 int IsDouble(const char* text, int bAllowNegative) {
     const std::optional<double> dValue = tessara::ParseNumber(text);
-    return dValue && (bAllowNegative || *dValue >= 0);
+    return dValue && (bAllowNegative || std::isgreaterequal(*dValue, 0)); // not by operator: NaN would trap
 }
