@@ -57,7 +57,7 @@ constexpr CPairBits LATER_PAIRS = 0x0080C0E0F0F8FCFE;
 /// Those of box i of a and box j of b that overlap.
 CPairBits OverlappingPairs(const CEightBoxes& a, const CEightBoxes& b);
 
-/// The same, comparing 2, 4 or 8 coordinates at a time.
+/// The same, comparing 2 or 4 coordinates at a time.
 /// REQUIRES: nLanes <= ComparableLanes()
 CPairBits OverlappingPairs(const CEightBoxes& a, const CEightBoxes& b, int nLanes);
 
