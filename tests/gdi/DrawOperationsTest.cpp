@@ -60,7 +60,7 @@ const std::map<std::string, std::pair<std::function<void(CDC&)>, const char*>> I
      {[](CDC& dc) { dc.FillRect(&BOX, static_cast<CBrush*>(tessara::GetStockObject(BLACK_BRUSH))); },
       " 20,30 80,90 (brush 000000)"}},
     {"FocusRect", {[](CDC& dc) { dc.DrawFocusRect(&BOX); }, " 20,30 80,90"}},
-    {"Picture", {&CopyBitmap, " 20,30 50,60 (30 x 30)"}},
+    {"Picture", {&CopyBitmap, " 20,30 50,60 (30 x 30, checksum F320DB617E30F9F5)"}},
     {"Text", {[](CDC& dc) { dc.TextOut(5, 6, "a\xD7\"", 3); }, " 5,6 \"a\\xD7\"\" (MS Sans Serif 16)"}},
 };
 
@@ -121,6 +121,50 @@ TEST(Picture, KeepsItsColoursAndEndsWhereTheBitmapDoes) {
     EXPECT_EQ(dc.GetPixel(19, 30), RGB(255, 255, 255));
     EXPECT_THAT(Recorded(&CopyBitmap).lines,
                 testing::Contains("StretchDib 20,30 30 x 30 bitmap 30 x 30 FF0000"));
+}
+
+TEST(Log, TellsApartWhateverIsDrawnWith) {
+    const tessara::CDrawState usual;
+    using CChange = std::function<void(tessara::CDrawState&)>;
+    using COperation = std::function<void(tessara::CDrawSink&, const tessara::CDrawState&)>;
+    const COperation shape = [](auto& sink, const auto& state) { sink.Rectangle(state, BOX); };
+    const COperation text = [](auto& sink, const auto& state) { sink.Text(state, {1, 2}, "x"); };
+    const std::pair<COperation, CChange> cases[] = {
+        {shape, [](auto& state) { state.pen.lopnColor = 1; }},
+        {shape, [](auto& state) { state.pen.lopnWidth.x = 1; }},
+        {shape, [](auto& state) { state.pen.lopnStyle = PS_NULL; }},
+        {shape, [](auto& state) { state.pen.lopnStyle = PS_DOT; }},
+        {shape, [](auto& state) { state.nRasterOperation = R2_NOT; }},
+        {shape, [](auto& state) { state.brush.lbStyle = BS_NULL; }},
+        {shape, [](auto& state) { state.brush.lbColor = 1; }},
+        {text, [](auto& state) { state.font.lfHeight = -5; }},
+        {text, [](auto& state) { state.font.lfUnderline = 1; }},
+        {text, [](auto& state) { state.font.lfEscapement = 900; }},
+        {text, [](auto& state) { state.textColor = 1; }},
+        {text, [](auto& state) { state.backColor = 1; }},
+        {text, [](auto& state) { state.nBackMode = TRANSPARENT; }},
+    };
+    const auto logged = [](const COperation& operation, const tessara::CDrawState& state) {
+        std::vector<std::string> lines;
+        tessara::CLogSink sink(lines, {});
+        operation(sink, state);
+        return lines;
+    };
+    for (const auto& [operation, change] : cases) {
+        tessara::CDrawState changed;
+        change(changed);
+        EXPECT_NE(logged(operation, changed), logged(operation, usual));
+    }
+    tessara::CDrawState noPen, inverting;
+    noPen.pen.lopnStyle = inverting.pen.lopnStyle = PS_NULL;
+    inverting.nRasterOperation = R2_NOT;
+    EXPECT_NE(logged(shape, inverting), logged(shape, noPen)) << "the brush is mixed, too";
+    const auto picture = [&](std::uint32_t nColor) {
+        const tessara::CPixels pixels{{2, 1}, {1, nColor}};
+        return logged([&](auto& sink, const auto& state) { sink.Picture(state, BOX, pixels); }, usual);
+    };
+    EXPECT_NE(picture(2), picture(3));
+    EXPECT_EQ(picture(2), picture(2));
 }
 
 TEST(DrawState, RestoreBringsBackWhateverWasChanged) {

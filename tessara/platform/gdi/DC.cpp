@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include "tessara/platform/base/Exception.h"
+#include "tessara/platform/base/NoTraps.h"
 #include "tessara/platform/gdi/DrawSink.h"
 #include "tessara/platform/gdi/TextMeasure.h"
 
@@ -12,6 +14,20 @@ IMPLEMENT_DYNAMIC(CDC, CObject)
 
 using tessara::CDrawSink;
 using tessara::CDrawState;
+
+namespace {
+
+/// Hands an operation to a sink, if there is one. What happens there, in Qt for example, is not to trap a
+/// program that has its floating-point traps on.
+template <class OPERATION>
+void Draw(CDrawSink* pSink, OPERATION operation) {
+    if (pSink) {
+        const tessara::CNoTraps noTraps;
+        tessara::WithMemoryException([&] { operation(*pSink); });
+    }
+}
+
+} // namespace
 
 tessara::CDrawState::CDrawState()
     : pPen(static_cast<CPen*>(GetStockObject(BLACK_PEN))),
@@ -41,7 +57,7 @@ std::unique_ptr<CDrawSink> CDC::Detach() {
 }
 
 int CDC::SaveDC() {
-    m_saved.push_back(*m_pState);
+    tessara::WithMemoryException([&] { m_saved.push_back(*m_pState); });
     return static_cast<int>(m_saved.size());
 }
 
@@ -270,9 +286,9 @@ BOOL CDC::Polyline(const POINT* pPoints, int nCount) {
     if (nCount < 1) {
         return FALSE;
     }
-    if (m_pSink) {
-        m_pSink->Polyline(*m_pState, {pPoints, static_cast<std::size_t>(nCount)});
-    }
+    Draw(m_pSink.get(), [&](CDrawSink& sink) {
+        sink.Polyline(*m_pState, {pPoints, static_cast<std::size_t>(nCount)});
+    });
     return TRUE;
 }
 
@@ -280,16 +296,14 @@ BOOL CDC::Polygon(const POINT* pPoints, int nCount) {
     if (nCount < 2) {
         return FALSE;
     }
-    if (m_pSink) {
-        m_pSink->Polygon(*m_pState, {pPoints, static_cast<std::size_t>(nCount)});
-    }
+    Draw(m_pSink.get(), [&](CDrawSink& sink) {
+        sink.Polygon(*m_pState, {pPoints, static_cast<std::size_t>(nCount)});
+    });
     return TRUE;
 }
 
 BOOL CDC::Rectangle(int nLeft, int nTop, int nRight, int nBottom) {
-    if (m_pSink) {
-        m_pSink->Rectangle(*m_pState, {nLeft, nTop, nRight, nBottom});
-    }
+    Draw(m_pSink.get(), [&](CDrawSink& sink) { sink.Rectangle(*m_pState, {nLeft, nTop, nRight, nBottom}); });
     return TRUE;
 }
 
@@ -298,9 +312,7 @@ BOOL CDC::Rectangle(const RECT* pRect) {
 }
 
 BOOL CDC::Ellipse(int nLeft, int nTop, int nRight, int nBottom) {
-    if (m_pSink) {
-        m_pSink->Ellipse(*m_pState, {nLeft, nTop, nRight, nBottom});
-    }
+    Draw(m_pSink.get(), [&](CDrawSink& sink) { sink.Ellipse(*m_pState, {nLeft, nTop, nRight, nBottom}); });
     return TRUE;
 }
 
@@ -310,15 +322,13 @@ BOOL CDC::Ellipse(const RECT* pRect) {
 
 void CDC::FillRect(const RECT* pRect, CBrush* pBrush) {
     const LOGBRUSH& brush = pBrush->GetLogBrush();
-    if (m_pSink && brush.lbStyle != BS_NULL) {
-        m_pSink->FillRect(*m_pState, *pRect, brush.lbColor);
+    if (brush.lbStyle != BS_NULL) {
+        Draw(m_pSink.get(), [&](CDrawSink& sink) { sink.FillRect(*m_pState, *pRect, brush.lbColor); });
     }
 }
 
 void CDC::DrawFocusRect(const RECT* pRect) {
-    if (m_pSink) {
-        m_pSink->FocusRect(*m_pState, *pRect);
-    }
+    Draw(m_pSink.get(), [&](CDrawSink& sink) { sink.FocusRect(*m_pState, *pRect); });
 }
 
 BOOL CDC::CreateCompatibleDC(CDC*) {
@@ -334,10 +344,11 @@ BOOL CDC::BitBlt(int nX, int nY, int nWidth, int nHeight, CDC* pSource, int nSou
     const SIZE size = pPixels->size;
     const CRect part(std::max(nSourceX, 0), std::max(nSourceY, 0), std::min<LONG>(nSourceX + nWidth, size.cx),
                      std::min<LONG>(nSourceY + nHeight, size.cy));
-    if (m_pSink && !part.IsRectEmpty()) {
+    if (!part.IsRectEmpty()) {
         const CPoint origin(nX + part.left - nSourceX, nY + part.top - nSourceY);
         const CRect place(origin.x, origin.y, origin.x + part.Width(), origin.y + part.Height());
-        m_pSink->Picture(*m_pState, place, tessara::CutOut(*pPixels, part));
+        Draw(m_pSink.get(),
+             [&](CDrawSink& sink) { sink.Picture(*m_pState, place, tessara::CutOut(*pPixels, part)); });
     }
     return TRUE;
 }
@@ -350,8 +361,10 @@ BOOL CDC::TextOut(int nX, int nY, const char* pszText, int nCount) {
     if (nCount < 0) {
         return FALSE;
     }
-    if (m_pSink && nCount > 0) {
-        m_pSink->Text(*m_pState, {nX, nY}, {pszText, static_cast<std::size_t>(nCount)});
+    if (nCount > 0) {
+        Draw(m_pSink.get(), [&](CDrawSink& sink) {
+            sink.Text(*m_pState, {nX, nY}, {pszText, static_cast<std::size_t>(nCount)});
+        });
     }
     return TRUE;
 }

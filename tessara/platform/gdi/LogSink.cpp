@@ -1,5 +1,8 @@
 #include "tessara/platform/gdi/LogSink.h"
 
+#include <cinttypes>
+#include <utility>
+
 #include "tessara/platform/base/Number.h"
 #include "tessara/platform/gdi/DC.h"
 
@@ -7,13 +10,13 @@ namespace tessara {
 
 namespace {
 
+/// The pen, and how it and the brush are mixed with what is there.
 std::string PenText(const CDrawState& state) {
     const LOGPEN& pen = state.pen;
-    if (pen.lopnStyle == PS_NULL) {
-        return "no pen";
-    }
-    std::string strText = FormatText("pen %06X width %d", pen.lopnColor, pen.lopnWidth.x);
-    if (pen.lopnStyle != PS_SOLID) {
+    const bool bPen = pen.lopnStyle != PS_NULL;
+    std::string strText =
+        bPen ? FormatText("pen %06X width %d", pen.lopnColor, pen.lopnWidth.x) : std::string("no pen");
+    if (bPen && pen.lopnStyle != PS_SOLID) {
         strText += FormatText(" style %u", pen.lopnStyle);
     }
     if (state.nRasterOperation != R2_COPYPEN) {
@@ -32,7 +35,23 @@ std::string FontText(const CDrawState& state) {
     if (font.lfWeight != 0) {
         strText += FormatText(" weight %d", font.lfWeight);
     }
-    return strText + (font.lfItalic ? " italic" : "");
+    strText += font.lfItalic ? " italic" : "";
+    const std::pair<const char*, LONG> rare[] = {{"width", font.lfWidth},
+                                                 {"escapement", font.lfEscapement},
+                                                 {"orientation", font.lfOrientation},
+                                                 {"underline", font.lfUnderline},
+                                                 {"strike-out", font.lfStrikeOut},
+                                                 {"character set", font.lfCharSet},
+                                                 {"out precision", font.lfOutPrecision},
+                                                 {"clip precision", font.lfClipPrecision},
+                                                 {"quality", font.lfQuality},
+                                                 {"pitch and family", font.lfPitchAndFamily}};
+    for (const auto& [pszName, nValue] : rare) {
+        if (nValue != 0) {
+            strText += FormatText(" %s %d", pszName, nValue);
+        }
+    }
+    return strText;
 }
 
 std::string PointsText(std::span<const POINT> points) {
@@ -41,6 +60,15 @@ std::string PointsText(std::span<const POINT> points) {
         strText += FormatText(" %d,%d", point.x, point.y);
     }
     return strText;
+}
+
+/// A checksum of the pixels (Fowler, Noll and Vo's, by words).
+std::uint64_t ChecksumOf(const CPixels& pixels) {
+    std::uint64_t nSum = 0xCBF29CE484222325ULL;
+    for (const std::uint32_t nColor : pixels.colors) {
+        nSum = (nSum ^ nColor) * 0x100000001B3ULL;
+    }
+    return nSum;
 }
 
 std::string RectText(const RECT& rect) {
@@ -88,7 +116,9 @@ void CLogSink::FocusRect(const CDrawState&, const RECT& rect) {
 }
 
 void CLogSink::Picture(const CDrawState&, const RECT& rect, const CPixels& pixels) {
-    m_lines.push_back("Picture" + RectText(rect) + FormatText(" (%d x %d)", pixels.size.cx, pixels.size.cy));
+    m_lines.push_back("Picture" + RectText(rect) +
+                      FormatText(" (%d x %d, checksum %016" PRIX64 ")", pixels.size.cx, pixels.size.cy,
+                                 ChecksumOf(pixels)));
 }
 
 void CLogSink::Text(const CDrawState& state, POINT origin, std::string_view strBytes) {
@@ -97,7 +127,11 @@ void CLogSink::Text(const CDrawState& state, POINT origin, std::string_view strB
     if (state.textColor != 0) {
         strLine += FormatText(", colour %06X", state.textColor);
     }
-    m_lines.push_back(strLine + (state.nBackMode == OPAQUE ? ", opaque)" : ")"));
+    if (state.nBackMode == OPAQUE) {
+        strLine += ", opaque";
+        strLine += state.backColor != 0xFFFFFF ? FormatText(" on %06X", state.backColor) : "";
+    }
+    m_lines.push_back(strLine + ")");
 }
 
 } // namespace tessara

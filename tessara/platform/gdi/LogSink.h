@@ -8,7 +8,9 @@
 namespace tessara {
 
 /// A surface that draws nothing and keeps one line of text for each operation: its name, its logical
-/// coordinates and what it is drawn with. Two drawings are the same exactly when their logs are.
+/// coordinates and what it is drawn with; of a picture its size and a checksum of its pixels. What is as in a
+/// new surface is left out, and so is how logical coordinates become pixels. So drawings of the same log are
+/// the same where their mappings are, as far as a checksum can tell.
 class TESSARA_API CLogSink : public CDrawSink {
 public:
     /// The lines go to the end of the given list, which must outlive the sink.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "tessara/platform/base/Exception.h"
 #include "tessara/platform/gdi/MetafileRecorder.h"
 
 IMPLEMENT_DYNAMIC(CMetaFileDC, CDC)
@@ -14,14 +15,16 @@ BOOL CMetaFileDC::Create(const char* pszFileName) {
     if (pszFileName || GetSink()) {
         return FALSE;
     }
-    Attach(std::make_unique<tessara::CMetafileRecorder>());
+    Attach(tessara::WithMemoryException([] { return std::make_unique<tessara::CMetafileRecorder>(); }));
     return TRUE;
 }
 
 HMETAFILE CMetaFileDC::Close() {
     const std::unique_ptr<tessara::CDrawSink> pSink = Detach();
     auto* pRecorder = static_cast<tessara::CMetafileRecorder*>(pSink.get());
-    return pRecorder ? new tessara::CPicture(pRecorder->Finish()) : nullptr;
+    return pRecorder
+               ? tessara::WithMemoryException([&] { return new tessara::CPicture(pRecorder->Finish()); })
+               : nullptr;
 }
 
 UINT GetMetaFileBitsEx(HMETAFILE hPicture, UINT nSize, void* pData) {

@@ -113,6 +113,10 @@ void AppendWord(std::vector<BYTE>& bytes, WORD nValue) {
 
 void CMetafileStream::Add(WORD nFunction, std::span<const WORD> parameters) {
     const std::size_t nSize = parameters.size() + 3;
+    // A record is added whole or, where there is no memory, not at all: readers count words.
+    if (m_records.capacity() - m_records.size() < nSize) {
+        m_records.reserve(std::max(2 * m_records.capacity(), m_records.size() + nSize));
+    }
     m_records.push_back(static_cast<WORD>(nSize));
     m_records.push_back(static_cast<WORD>(nSize >> 16));
     m_records.push_back(nFunction);
