@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "tessara/platform/base/NoTraps.h"
+
 namespace tessara {
 
 namespace {
@@ -36,10 +38,13 @@ void CDataRange::Add(const double* pValues, int nCount) {
     std::array<CGroup, GROUPS> groups;
     groups.fill({CLanes{} + m_dMin, CLanes{} + m_dMax});
     int i = 0;
-    for (; i + GROUPS * LANES <= nCount; i += GROUPS * LANES) {
+    if (nCount >= GROUPS * LANES) {
+        const CNoTraps noTraps; // vectors compare gaps, too, which are not numbers
+        for (; i + GROUPS * LANES <= nCount; i += GROUPS * LANES) {
 #pragma GCC unroll 4
-        for (int nGroup = 0; nGroup < GROUPS; ++nGroup) {
-            groups[nGroup].Add(pValues + i + nGroup * LANES);
+            for (int nGroup = 0; nGroup < GROUPS; ++nGroup) {
+                groups[nGroup].Add(pValues + i + nGroup * LANES);
+            }
         }
     }
     for (const CGroup& group : groups) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <functional>
 #include <span>
 #include <vector>
@@ -33,7 +34,10 @@ public:
     struct CInterval {
         double dFirst;
         double dLast;
-        bool Contains(double dValue) const { return dValue >= dFirst && dValue <= dLast; }
+        bool Contains(double dValue) const {
+            // By function: a gap, which is not a number, raises no floating-point exception then.
+            return std::isgreaterequal(dValue, dFirst) && std::islessequal(dValue, dLast);
+        }
     };
     /// Abscissae around dX, which maps to nColumn, that all map there: most of the column.
     CInterval GetColumn(int nColumn, double dX) const;

@@ -1,6 +1,7 @@
 #include "tessara/plot/TickMarks.h"
 
 #include <algorithm>
+#include <limits>
 #include <string>
 
 #include "tessara/platform/base/Number.h"
@@ -91,7 +92,9 @@ void DrawDepthTickMarks(CDC* pDC, const CRect& rcFront, const CRect& rcBack, con
     const CCanvas canvas(pDC, pMetaDC);
     const CTickWalk walk(scale);
     const CDepthAxis axis{rcFront.BottomRight(), rcBack.BottomRight()};
-    const double dRange = scale.dMax - scale.dMin;
+    // Nothing lies on an axis without extent.
+    const double dRange =
+        scale.dMax != scale.dMin ? scale.dMax - scale.dMin : std::numeric_limits<double>::quiet_NaN();
     const int nHalfDigit = tessara::GetDigitHeight(canvas) / 2;
     for (int i = 0; i < walk.GetCount(); ++i) {
         const double dValue = walk.At(i).dValue;

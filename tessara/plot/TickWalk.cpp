@@ -1,8 +1,11 @@
 #include "tessara/plot/TickWalk.h"
 
+#include "tessara/platform/base/NoTraps.h"
+
 namespace tessara {
 
 CTickWalk::CTickWalk(const CHOOSESCALE& scale) : m_scale(scale) {
+    const CNoTraps noTraps; // a scale that a program made may have no step
     const double dTicks =
         std::floor((scale.dLastTick - scale.dFirstTick + 0.01 * scale.dStep) / scale.dStep) + 1;
     if (!(dTicks >= 1) || !std::isfinite(dTicks)) {
@@ -15,6 +18,7 @@ CTickWalk::CTickWalk(const CHOOSESCALE& scale) : m_scale(scale) {
 }
 
 CTick CTickWalk::At(int nIndex) const {
+    const CNoTraps noTraps; // nor two ends
     const double dSpan = m_scale.dUpper - m_scale.dLower;
     double dValue = nIndex * m_dStride * m_scale.dStep + m_scale.dFirstTick;
     if (0.25 * m_scale.dStep > std::fabs(dValue)) {

@@ -32,7 +32,7 @@ private:
 
 /// True when a fraction lies on the axis, both ends included.
 inline bool IsOnAxis(double dFraction) {
-    return dFraction >= 0.0 && dFraction <= 1.0;
+    return std::isgreaterequal(dFraction, 0.0) && std::islessequal(dFraction, 1.0); // quiet for NaN
 }
 
 } // namespace tessara
