@@ -1,16 +1,21 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QImage>
+#include <QWidget>
 #include <atomic>
 
+#include "tessara/platform/base/Exception.h"
 #include "tessara/platform/qt/Peer.h"
 #include "tessara/platform/ui/ClientDC.h"
+#include "tessara/platform/ui/Mailbox.h"
 #include "tessara/platform/ui/WinThread.h"
 #include "tessara/platform/ui/WindowTable.h"
 
 namespace {
 
 constexpr UINT WM_TEST = WM_USER + 1;
+constexpr DWORD LIMIT = 60'000; ///< milliseconds: what does not come fails the test
 
 /// A window that counts what is sent and posted to it and where that was handled.
 class CCounter : public CWnd {
@@ -64,11 +69,11 @@ protected:
         : m_hReady(CreateEvent(nullptr, FALSE, FALSE, nullptr)), m_pThread(new CWindowThread(m_hReady)) {
         m_pThread->m_bAutoDelete = FALSE;
         EXPECT_TRUE(m_pThread->CreateThread());
-        EXPECT_EQ(WaitForSingleObject(m_hReady, INFINITE), WAIT_OBJECT_0);
+        EXPECT_EQ(WaitForSingleObject(m_hReady, LIMIT), WAIT_OBJECT_0);
     }
     ~ThreadTest() override {
         m_pThread->PostThreadMessage(WM_TEST + 1, 0, 0);
-        EXPECT_EQ(WaitForSingleObject(m_pThread->m_hThread, INFINITE), WAIT_OBJECT_0);
+        EXPECT_EQ(WaitForSingleObject(m_pThread->m_hThread, LIMIT), WAIT_OBJECT_0);
         CloseHandle(m_hReady);
     }
 
@@ -84,17 +89,54 @@ TEST_F(ThreadTest, MessagesAreHandledByTheThreadThatOwnsTheWindow) {
         EXPECT_TRUE(m_pThread->PostThreadMessage(WM_TEST, 1, 0));
     }
     m_pThread->m_counter.SendMessage(WM_NULL);
-    while (m_pThread->m_nPosted < 100 || m_pThread->m_counter.m_nHeard < 101) {
+    // A message that is dropped must fail the test, not hold it.
+    for (int i = 0; i < 10000 && (m_pThread->m_nPosted < 100 || m_pThread->m_counter.m_nHeard < 101); ++i) {
         Sleep(1);
     }
+    EXPECT_EQ(m_pThread->m_nPosted, 100);
+    EXPECT_EQ(m_pThread->m_counter.m_nHeard, 101);
 }
 
 TEST_F(ThreadTest, WidgetsOfAnotherThreadLiveOnTheMainOneAndMayBeDrawnOnFromThere) {
     tessara::CPeer* const pPeer = tessara::CPeer::Find(m_pThread->m_counter.m_hWnd);
     ASSERT_NE(pPeer, nullptr);
     EXPECT_EQ(pPeer->GetWidget().thread(), QApplication::instance()->thread());
+    m_pThread->m_counter.UpdateWindow(); // the first paint, which is not to come after what is drawn
     CClientDC dc(&m_pThread->m_counter);
-    EXPECT_EQ(dc.GetPixel(10, 10), 0xFFFFFF & dc.GetPixel(20, 20));
+    const COLORREF nGround = dc.GetPixel(30, 30);
+    constexpr COLORREF DRAWN = 0x1F7AC4;
+    ASSERT_NE(nGround, DRAWN);
+    CBrush brush(DRAWN);
+    const RECT rect{10, 10, 20, 20};
+    dc.FillRect(&rect, &brush);
+    EXPECT_EQ(dc.GetPixel(10, 10), DRAWN);
+    EXPECT_EQ(dc.GetPixel(30, 30), nGround);
+    const QPoint seen[] = {{15, 15}, {30, 30}};
+    const QImage shown = pPeer->GetClient().grab().toImage();
+    EXPECT_EQ(shown.pixelColor(seen[0]), QColor(0xC4, 0x7A, 0x1F)) << "and the widget shows it";
+    EXPECT_NE(shown.pixelColor(seen[1]), QColor(0xC4, 0x7A, 0x1F));
+}
+
+TEST(MainWait, AConditionThatThrowsEndsTheWaitWhenItIsFirstAskedAndWithinTheLoop) {
+    const auto fnCountWaiting = [] {
+        const std::lock_guard lock(tessara::SharedLock());
+        return tessara::CMailbox::CountWaiting();
+    };
+    const std::size_t nBefore = fnCountWaiting();
+    for (const int nThrowing : {1, 2, 4}) { // the third time through the toolkit, which does not allow that
+        int nAsked = 0;
+        // True for the one time that the event loop asks, which then ends.
+        const auto fnCondition = [&] {
+            if (++nAsked == nThrowing) {
+                throw CInvalidArgException();
+            }
+            return nAsked == 3;
+        };
+        EXPECT_THROW(tessara::CMailbox::OfThisThread()->WaitUntil(fnCondition), CInvalidArgException);
+        EXPECT_EQ(nAsked, nThrowing);
+        EXPECT_EQ(fnCountWaiting(), nBefore) << nThrowing;
+    }
+    Sleep(1); // a loop within no other, which nobody else's condition ends
 }
 
 UINT SendBack(void* pParam) {
@@ -114,7 +156,7 @@ TEST_F(ThreadTest, TwoThreadsThatCallEachOtherBothGetTheirAnswer) {
     for (int i = 0; i < 1000; ++i) {
         m_pThread->m_counter.SendMessage(WM_TEST, 1, 2);
     }
-    EXPECT_EQ(WaitForSingleObject(pSender->m_hThread, INFINITE), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(pSender->m_hThread, LIMIT), WAIT_OBJECT_0);
     EXPECT_EQ(here.m_nHeard, 1000);
     EXPECT_EQ(m_pThread->m_counter.m_nHeard, 1000);
 }

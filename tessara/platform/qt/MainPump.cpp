@@ -48,6 +48,17 @@ public:
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
 
 private:
+    /// A loop that is the innermost one to the end of the scope, whatever ends it.
+    struct CInnermost {
+        CInnermost(CMainPump& pump, CRunningLoop& running) : m_pump(pump) { m_pump.Enter(running); }
+        ~CInnermost() { m_pump.Leave(); }
+        CInnermost(const CInnermost&) = delete;
+        CInnermost& operator=(const CInnermost&) = delete;
+        CMainPump& m_pump;
+    };
+
+    void Enter(CRunningLoop& running);
+    void Leave();
     void OnWake();
     void DispatchSome();
     void OnIdle();
@@ -94,6 +105,22 @@ void CMainPump::DispatchSome() {
     WakeMainThread();
 }
 
+void CMainPump::Enter(CRunningLoop& running) {
+    m_loops.push_back(&running);
+    if (running.eLoop == EMainLoop::waiting) {
+        qApp->installEventFilter(this);
+    }
+    WakeMainThread(); // what was posted before this loop ran
+}
+
+void CMainPump::Leave() {
+    m_loops.pop_back();
+    if (!IsWaiting()) {
+        qApp->removeEventFilter(this);
+    }
+    WakeMainThread(); // the loop around this one looks at its own condition
+}
+
 bool CMainPump::Run(EMainLoop eLoop, const std::function<bool()>& fnCondition, const CDeadline& deadline) {
     CMailbox::OfMainThread()->ServeCalls();
     if (fnCondition()) {
@@ -112,19 +139,12 @@ bool CMainPump::Run(EMainLoop eLoop, const std::function<bool()>& fnCondition, c
         timer.start(
             std::max(std::chrono::ceil<std::chrono::milliseconds>(rest), std::chrono::milliseconds(0)));
     }
-    if (eLoop == EMainLoop::waiting) {
-        qApp->installEventFilter(this);
+    {
+        const CInnermost innermost(*this, running);
+        do {
+            running.loop.exec();
+        } while (!bLate && !fnCondition());
     }
-    m_loops.push_back(&running);
-    WakeMainThread(); // what was posted before this loop ran
-    do {
-        running.loop.exec();
-    } while (!bLate && !fnCondition());
-    m_loops.pop_back();
-    if (!IsWaiting()) {
-        qApp->removeEventFilter(this);
-    }
-    WakeMainThread(); // the loop around this one looks at its own condition
     return !bLate || fnCondition();
 }
 

@@ -23,7 +23,8 @@ QHash<const QWidget*, CPeer*>& Peers() {
 CPeer* g_pUnderPointer = nullptr;
 std::optional<Qt::KeyboardModifiers> g_keyModifiers; ///< of the key event that is being handled
 
-/// Makes a peer the one under the pointer and sets the pointer's shape at the end.
+/// Makes a peer the one under the pointer while an event of the mouse is handled, and then the one before it
+/// again.
 class CPointerScope {
 public:
     CPointerScope(CPeer& peer) : m_pPrevious(std::exchange(g_pUnderPointer, &peer)) {}

@@ -28,7 +28,8 @@ RECT ToPixels(const QRect& rect, double dRatio) {
     return {first.x, first.y, last.x, last.y};
 }
 
-/// Where a widget is: on the screen for a window, in its parent for a child.
+/// Moves a widget and gives it a size, both unless told not to: in pixels of the screen for a window, of its
+/// parent for a child.
 void Place(CPeer& peer, const RECT& rect, UINT nFlags) {
     QWidget& widget = peer.GetWidget();
     const QRect place = ToQRect(rect, peer.GetRatio());

@@ -20,6 +20,7 @@ std::multiset<CMailbox*>& Waiting() {
     return *s_pWaiting;
 }
 
+/// Among the waiting for as long as it lives. The caller holds the shared lock at both ends.
 class CWaitingScope {
 public:
     explicit CWaitingScope(CMailbox* pMailbox) : m_it(Waiting().insert(pMailbox)) {}
@@ -29,6 +30,24 @@ public:
 
 private:
     std::multiset<CMailbox*>::iterator m_it;
+};
+
+/// The same where the shared lock is not held; ends also when a handler that ran meanwhile throws.
+class CUnlockedWaitingScope {
+public:
+    explicit CUnlockedWaitingScope(CMailbox* pMailbox) {
+        const std::lock_guard lock(SharedLock());
+        m_scope.emplace(pMailbox);
+    }
+    ~CUnlockedWaitingScope() {
+        const std::lock_guard lock(SharedLock());
+        m_scope.reset();
+    }
+    CUnlockedWaitingScope(const CUnlockedWaitingScope&) = delete;
+    CUnlockedWaitingScope& operator=(const CUnlockedWaitingScope&) = delete;
+
+private:
+    std::optional<CWaitingScope> m_scope;
 };
 
 /// Closes the mailbox of a thread that ends.
@@ -117,14 +136,8 @@ bool CMailbox::WaitUntil(const std::function<bool()>& fnCondition, const CDeadli
     if (fnLocked()) {
         return true;
     }
-    {
-        const std::lock_guard lock(SharedLock());
-        Waiting().insert(this);
-    }
-    const bool bHolds = RunMainLoop(EMainLoop::waiting, fnLocked, deadline);
-    const std::lock_guard lock(SharedLock());
-    Waiting().erase(Waiting().find(this));
-    return bHolds;
+    const CUnlockedWaitingScope waiting(this);
+    return RunMainLoop(EMainLoop::waiting, fnLocked, deadline);
 }
 
 bool CMailbox::WaitHere(const std::function<bool()>& fnCondition, const CDeadline& deadline) {
@@ -192,6 +205,10 @@ void CMailbox::Wake() {
     } else {
         m_wake.notify_all();
     }
+}
+
+std::size_t CMailbox::CountWaiting() {
+    return Waiting().size();
 }
 
 void CMailbox::WakeAll() {

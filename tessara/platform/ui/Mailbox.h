@@ -41,8 +41,9 @@ public:
     /// function has not run, when the thread has ended.
     bool Call(const std::function<void()>& fnCall);
 
-    /// Waits until a condition, which is asked under the shared lock and once it holds goes on to, is true.
-    /// False when the deadline passed first.
+    /// Serves calls and waits until a condition is true. It is asked under the shared lock, any number of
+    /// times and again after it was true, which it then must stay. False when it is not true and the deadline
+    /// has passed. What it throws comes through and ends the wait.
     bool WaitUntil(const std::function<bool()>& fnCondition, const CDeadline& deadline = std::nullopt);
 
     /// The next posted message, if any.
@@ -58,6 +59,8 @@ public:
     void Wake();
     /// Wakes every thread that waits. The caller holds the shared lock.
     static void WakeAll();
+    /// How many waits there are now, one within another counted each. The caller holds the shared lock.
+    static std::size_t CountWaiting();
 
 private:
     struct CCall;
