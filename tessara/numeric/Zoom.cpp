@@ -10,6 +10,7 @@
 #include "tessara/numeric/MultipartTable.h"
 #include "tessara/numeric/PartRecords.h"
 #include "tessara/numeric/Storage.h"
+#include "tessara/platform/base/NoTraps.h"
 
 namespace {
 
@@ -109,6 +110,7 @@ void ClipRun(double* pX, double* pY, int nPoints, const CZoomRect& rect) {
 
 CMultipartCurve* ZoomMultipartCurve(CMultipartCurve* pCurve, double xMin, double yMin, double xMax,
                                     double yMax) {
+    const tessara::CNoTraps noTraps; // a segment to infinity is clipped to no number
     const CZoomRect rect = {xMin, yMin, xMax, yMax};
     const CPlaneRows rows = {pCurve->m_pX,
                              pCurve->m_pY,
