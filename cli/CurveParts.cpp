@@ -1,90 +1,69 @@
 #include "cli/CurveParts.h"
 
 #include <algorithm>
-#include <cmath>
+#include <limits>
 
 namespace tessara {
 
-namespace {
+/// One polyline's pieces, which become parts.
+class CCurveParts::CPieces : public CPieceSink {
+public:
+    CPieces(CCurveParts& parts, const std::vector<double>& x, const std::vector<double>& y, int nColor,
+            const CFurtherColumns& further)
+        : m_parts(parts), m_x(x), m_y(y), m_nColor(nColor), m_further(further) {}
 
-/// Where on the way from dFrom (0) to dTo (1), which differ, a level lies. Halves, since a difference may
-/// overflow.
-double PlaceOf(double dLevel, double dFrom, double dTo) {
-    return (dLevel / 2 - dFrom / 2) / (dTo / 2 - dFrom / 2);
-}
-
-/// Narrows the stretch t0..t1 of a segment to where one of its coordinates lies between two levels.
-void Narrow(double dFrom, double dTo, double dMin, double dMax, double& t0, double& t1) {
-    if (dFrom == dTo) {
-        t1 = dFrom >= dMin && dFrom <= dMax ? t1 : -1;
-        return;
+    void BeginPiece() override {
+        m_parts.m_Parts.push_back({static_cast<int>(m_parts.m_X.size()), m_nColor});
     }
-    t0 = std::max(t0, PlaceOf(dFrom < dTo ? dMin : dMax, dFrom, dTo));
-    t1 = std::min(t1, PlaceOf(dFrom < dTo ? dMax : dMin, dFrom, dTo));
-}
-
-/// Rounding does not lead out of the window.
-double Between(double dFrom, double dTo, double t, double dMin, double dMax) {
-    return std::clamp(std::lerp(dFrom, dTo, t), dMin, dMax);
-}
-
-/// The value of a further column at a place. The ends are exact, also beside a gap.
-double ValueAt(const std::vector<double>* pColumn, std::size_t nEnd, double dWay) {
-    if (!pColumn) {
-        return std::numeric_limits<double>::quiet_NaN();
+    void AddPoints(int nFirst, int nEnd) override {
+        const auto append = [&](std::vector<double>& to, const std::vector<double>& from) {
+            to.insert(to.end(), from.begin() + nFirst, from.begin() + nEnd);
+        };
+        append(m_parts.m_X, m_x);
+        append(m_parts.m_Y, m_y);
+        for (std::size_t i = 0; i < m_parts.m_Further.size(); i++) {
+            std::vector<double>& column = m_parts.m_Further[i];
+            if (m_further[i]) {
+                append(column, *m_further[i]);
+            } else {
+                column.resize(m_parts.m_X.size(), NOT_A_NUMBER);
+            }
+        }
     }
-    if (dWay == 0 || dWay == 1) {
-        return (*pColumn)[dWay == 0 ? nEnd - 1 : nEnd];
+    void AddCut(const CCutPlace& place) override {
+        m_parts.m_X.push_back(place.dX);
+        m_parts.m_Y.push_back(place.dY);
+        for (std::size_t i = 0; i < m_parts.m_Further.size(); i++) {
+            m_parts.m_Further[i].push_back(ValueAt(m_further[i], place));
+        }
     }
-    return LerpOverGaps((*pColumn)[nEnd - 1], (*pColumn)[nEnd], dWay);
-}
 
-} // namespace
+private:
+    static constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+    /// The value of a further column at a place. The ends are exact, also beside a gap.
+    static double ValueAt(const std::vector<double>* pColumn, const CCutPlace& place) {
+        const auto nEnd = static_cast<std::size_t>(place.nEnd);
+        if (!pColumn) {
+            return NOT_A_NUMBER;
+        }
+        if (place.dWay == 0 || place.dWay == 1) {
+            return (*pColumn)[place.dWay == 0 ? nEnd - 1 : nEnd];
+        }
+        return LerpOverGaps((*pColumn)[nEnd - 1], (*pColumn)[nEnd], place.dWay);
+    }
+
+    CCurveParts& m_parts;
+    const std::vector<double>& m_x;
+    const std::vector<double>& m_y;
+    const int m_nColor;
+    const CFurtherColumns& m_further;
+};
 
 void CCurveParts::Add(const std::vector<double>& x, const std::vector<double>& y, int nColor,
                       const CFurtherColumns& further) {
-    m_nColor = nColor;
-    m_bOpen = false;
-    for (std::size_t i = 0; i < x.size(); i++) {
-        if (std::isnan(y[i])) {
-            m_bOpen = false;
-        } else if (i > 0 && !std::isnan(y[i - 1])) {
-            AddSegment({x[i - 1], y[i - 1]}, {x[i], y[i]}, i, further);
-        } else if (m_Window.Contains(x[i], y[i])) {
-            AddPoint({x[i], y[i]}, {i, 1}, further);
-        }
-    }
-}
-
-void CCurveParts::AddSegment(POINT2D from, POINT2D to, std::size_t nEnd, const CFurtherColumns& further) {
-    double t0 = 0;
-    double t1 = 1;
-    Narrow(from.dX, to.dX, m_Window.dXMin, m_Window.dXMax, t0, t1);
-    Narrow(from.dY, to.dY, m_Window.dYMin, m_Window.dYMax, t0, t1);
-    const auto add = [&](double t) {
-        AddPoint({Between(from.dX, to.dX, t, m_Window.dXMin, m_Window.dXMax),
-                  Between(from.dY, to.dY, t, m_Window.dYMin, m_Window.dYMax)},
-                 {nEnd, t}, further);
-    };
-    if (t0 <= t1 && !m_bOpen) {
-        add(t0);
-    }
-    if (t0 <= t1) {
-        add(t1);
-    }
-    m_bOpen = t0 <= t1 && t1 == 1;
-}
-
-void CCurveParts::AddPoint(POINT2D point, PLACE place, const CFurtherColumns& further) {
-    if (!m_bOpen) {
-        m_Parts.push_back({static_cast<int>(m_X.size()), m_nColor});
-        m_bOpen = true;
-    }
-    m_X.push_back(point.dX);
-    m_Y.push_back(point.dY);
-    for (std::size_t i = 0; i < m_Further.size(); i++) {
-        m_Further[i].push_back(ValueAt(further[i], place.nEnd, place.dWay));
-    }
+    CPieces pieces(*this, x, y, nColor, further);
+    CutPolyline(x.data(), y.data(), static_cast<int>(x.size()), m_Window, pieces);
 }
 
 template <class TARGET>

@@ -16,12 +16,6 @@ constexpr int BRANCHED = 2; ///< number of colours that makes the renderer tell 
 using DIAGRAMCOLUMN = std::vector<double> DIAGRAMPART::*;
 
 /// A row is a gap when either of its numbers is.
-std::vector<double> WithGapsOf(const std::vector<double>& x, std::vector<double> y) {
-    std::transform(x.begin(), x.end(), y.begin(), y.begin(),
-                   [](double dX, double dY) { return std::isnan(dX) ? dX : dY; });
-    return y;
-}
-
 std::vector<std::string> NamesOf(const DIAGRAMCURVE& curve) {
     std::set<std::string> names;
     for (const DIAGRAMPART& part : curve.parts) {
@@ -52,7 +46,7 @@ CCurveParts CutCurve(const DIAGRAMCURVE& curve, DIAGRAMCOLUMN pAbscissa, DIAGRAM
         }
         const std::vector<double>& x = part.*pAbscissa;
         if (!x.empty()) {
-            parts.Add(x, WithGapsOf(x, part.y), part.nColor, further);
+            parts.Add(x, part.y, part.nColor, further);
         }
     }
     return parts;

@@ -14,6 +14,7 @@
 #include "tessara/numeric/MultipartCurve.h"
 #include "tessara/numeric/MultipartTable.h"
 #include "tessara/numeric/PlaneGeometry.h"
+#include "tessara/numeric/PolylineCut.h"
 #include "tessara/numeric/Replot.h"
 #include "tessara/numeric/Spline.h"
 #include "tessara/numeric/Table.h"

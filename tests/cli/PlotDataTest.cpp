@@ -103,7 +103,8 @@ TEST(PlotData, CutsCurvesAtTheEdgesOfTheWindow) {
         {"past a corner", "4 12\n7 9\n2 1\n3 1\n", "0: 5 5.8, 2 1, 3 1 | 1"},
         {"level lines outside", "0 20\n6 20\n6 3\n2 3\n", "0: 5 3, 2 3 | 1"},
         {"a gap outside", "0,0\n0.5,NA\n0.6,1\n2,1\n", "0: 1 1, 2 1 | 1"},
-        {"from end to end of all numbers", "-1e308 0\n1e308 0\n", "0: 1 0, 1 0 | 1"},
+        {"from end to end of all numbers", "-1e308 0\n1e308 0\n", "0: 1 0, 5 0 | 1"},
+        {"to an infinite value and back", "1 1\n2 inf\n3 1\n4 2\n", "0: 1 1 | 0: 3 1, 4 2 | 1"},
     };
     for (const auto& cut : cases) {
         // Sorted or not does not matter to cutting; the data class demands ascending abscissae.

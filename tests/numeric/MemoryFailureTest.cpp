@@ -14,6 +14,7 @@
 #include "tessara/numeric/MultiSpline.h"
 #include "tessara/numeric/MultipartCurve.h"
 #include "tessara/numeric/MultipartTable.h"
+#include "tessara/numeric/PolylineCut.h"
 #include "tessara/numeric/Replot.h"
 #include "tessara/numeric/Spline.h"
 #include "tessara/numeric/Table.h"
@@ -130,6 +131,7 @@ TEST(MemoryFailure, LeavesContainersUsableAndNothingOfAnObjectThatCannotBeMade) 
         [&](CContainers&) { CMultiSpline made(&other.multi); },
         [&](CContainers&) { delete RePlotCurve(&other.line, &other.line, ReplotComposition); },
         [&](CContainers&) { delete ZoomMultipartCurve(&other.pieces, 0, 0, 2, 2); },
+        [&](CContainers&) { delete tessara::CutMultipartCurve(&other.pieces, 0, 0, 2, 2); },
         [&](CContainers&) { delete Zoom2dMultipartTable(&other.parts, 0, 1, 0, 0, 2, 2); },
         [](CContainers&) { CCurve curve(3); },
         [](CContainers&) { CMultiCurve curve(3); },
