@@ -37,6 +37,7 @@ struct TESSARA_API CHOOSESCALE {
 /// Chooses round ends, ticks and a label exponent for the data range dMin..dMax of the record.
 ///
 /// The step is 0.5, 1 or 2 times a power of ten. Equal or nearly equal data (relative range at most 1e-10),
-/// data below the smallest range that can be divided, and dMax below dMin give an axis one unit to each side
-/// of dMax. Total: a bound that is not finite counts as 0, and bounds beyond 4e307 as that.
+/// data below the smallest range that can be divided, and dMax below dMin give an axis from one unit below
+/// dMax to one above, as far as a double tells them apart: from about 1e16 on it may have no extent and then
+/// no tick. Total: a bound that is not finite counts as 0, and bounds beyond 4e307 as that.
 TESSARA_API void ChooseScale(CHOOSESCALE* scale);

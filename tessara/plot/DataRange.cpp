@@ -66,4 +66,21 @@ void CDataRange::Add(const CDataRange& range) {
     m_dMax = std::max(m_dMax, range.m_dMax);
 }
 
+void CDataRange::Choose(CHOOSESCALE& scale) const {
+    scale.bOptions = 0;
+    scale.dMax = IsEmpty() ? 0 : m_dMax;
+    scale.dMin = IsEmpty() ? 0 : m_dMin;
+    ChooseScale(&scale);
+    if (!(scale.dLower < scale.dUpper)) {
+        constexpr double ASIDE = 1e-9; // of the value: more than what counts as equal data
+        CHOOSESCALE wider;
+        wider.dMax = scale.dUpper + ASIDE * std::fabs(scale.dUpper);
+        wider.dMin = scale.dUpper - ASIDE * std::fabs(scale.dUpper);
+        ChooseScale(&wider);
+        wider.dMax = scale.dMax;
+        wider.dMin = scale.dMin;
+        scale = wider;
+    }
+}
+
 } // namespace tessara

@@ -13,13 +13,9 @@ public:
     void Add(double dValue) { Add(&dValue, 1); }
     void Add(const CDataRange& range);
 
-    /// Chooses an automatic scale for the range; without any value, for 0.
-    void Choose(CHOOSESCALE& scale) const {
-        scale.bOptions = 0;
-        scale.dMax = IsEmpty() ? 0 : m_dMax;
-        scale.dMin = IsEmpty() ? 0 : m_dMin;
-        ChooseScale(&scale);
-    }
+    /// Chooses an automatic scale for the range; without any value, for 0. A value so large that one more
+    /// makes no difference gets an axis with ticks, too.
+    void Choose(CHOOSESCALE& scale) const;
 
 private:
     bool IsEmpty() const { return m_dMin > m_dMax; }

@@ -6,6 +6,7 @@
 
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/StringResources.h"
+#include "tessara/plot/TickWalk.h"
 #include "tests/curveplot/Plots.h"
 
 using tessara::CTestPlot;
@@ -69,6 +70,23 @@ TEST(CurvePlotModel, AxesSpanCurvesAndSymbolsButNothingThatIsNotANumber) {
     EXPECT_EQ(plot.m_ArgumentScale.dMax, 5);
     EXPECT_EQ(plot.m_FunctionScale.dMax, 12);
     EXPECT_EQ(plot.m_FunctionScale.dMin, -3);
+}
+
+TEST(CurvePlotModel, AConstantHasAnAxisWithTicksHoweverLargeItIs) {
+    for (const double dConstant : {3.0, 1e15, 9007199254740994.0, 1e17, -1e17, 1e300, -1.7e308}) {
+        double x[] = {0, 1};
+        double y[] = {dConstant, dConstant};
+        CTestPlot plot;
+        plot.SetOutputData(x, y, 2);
+        plot.FindBoundingBox();
+        const CHOOSESCALE& scale = plot.m_FunctionScale;
+        EXPECT_LT(scale.dLower, scale.dUpper) << dConstant;
+        EXPECT_GE(tessara::CTickWalk(scale).GetCount(), 2) << dConstant;
+        EXPECT_EQ(scale.dMax, dConstant);
+        if (std::fabs(dConstant) < 4e307) {
+            EXPECT_TRUE(scale.dLower <= dConstant && dConstant <= scale.dUpper) << dConstant;
+        }
+    }
 }
 
 TEST(CurvePlotModel, ResourceStringsSetNamesAndTheFormatsTheyHave) {
