@@ -49,6 +49,7 @@ template <class PLOT>
 class CPlotWnd : public CWnd {
 public:
     explicit CPlotWnd(bool bNoisy) : m_sample(MakeDiagramSample(INTERACTION_POINTS, bNoisy)) {
+        m_plot.AnnounceChanges(true);
         SetCurve(m_plot, m_sample, m_table);
         const CRect place(0, 0, INTERACTION_WIDTH, INTERACTION_HEIGHT);
         Create(nullptr, "Plot", WS_POPUP | WS_VISIBLE, place, nullptr, 0);

@@ -123,6 +123,12 @@ BENCHMARK(Zoom<false>)->Name("ReplotZoomSmooth/QCustomPlot")->Apply(EachAnswer);
 BENCHMARK(Zoom<true>)->Name("ReplotZoomNoisy/QCustomPlot")->Apply(EachAnswer);
 BENCHMARK_CAPTURE(Replot, smooth, false)->Name("DiagramSmooth/QCustomPlot")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Replot, noisy, true)->Name("DiagramNoisy/QCustomPlot")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Replot, smoothAgain, false)
+    ->Name("UnannouncedDiagramSmooth/QCustomPlot")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Replot, noisyAgain, true)
+    ->Name("UnannouncedDiagramNoisy/QCustomPlot")
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(FirstReplot, smooth, false)
     ->Name("NewDiagramSmooth/QCustomPlot")
     ->Unit(benchmark::kMillisecond);

@@ -30,6 +30,8 @@ WORKS = [
     ("CrossingsWalks", "crossings of two random walks, 1e5 segments each", 0.55),
     ("DiagramSmooth", "repainting three curves of 1e6 points, smooth", 0.60),
     ("DiagramNoisy", "repainting three curves of 1e6 points, noisy", 0.60),
+    ("UnannouncedDiagramSmooth", "repainting them when changes are not announced, smooth", None),
+    ("UnannouncedDiagramNoisy", "repainting them when changes are not announced, noisy", None),
     ("NewDiagramSmooth", "painting them with new data, smooth", None),
     ("NewDiagramNoisy", "painting them with new data, noisy", None),
 ]

@@ -17,6 +17,7 @@ namespace tessara {
 CShownCurvePlot::CShownCurvePlot(PLOTOPTIONS options, PLOTSOURCE source)
     : m_options(std::move(options)), m_source(std::move(source)), m_walk(m_plot) {
     m_plot.CutToAxes(TRUE);
+    m_plot.AnnounceChanges(TRUE); // the data shown stay as they are until others are set
     ShowData({});
     m_bLegendOffered = m_pData->GetNumCurves() > 1 || m_plot.m_bShowLegend;
 }

@@ -42,6 +42,7 @@ CValues ValuesOf(const double* pValues, int nPoints) {
 } // namespace
 
 CViewedDiagram::CViewedDiagram(const DIAGRAM& diagram) : CDiagramOutput(diagram) {
+    AnnounceChanges(true); // the data shown stay as they are until others are set
     Prepare(diagram);
     PickFor(std::nullopt);
 }

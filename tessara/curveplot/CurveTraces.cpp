@@ -21,21 +21,39 @@ std::unique_ptr<CMultipartCurve> ViewOfParts(const COutputCurve& plot) {
 
 } // namespace
 
-void CCurveTraces::Follow(const COutputCurve& plot, const CZoomWindow* pZoom) {
-    const int nCurves = plot.m_pMultipartCurve ? 1 : plot.m_nFunctions;
-    m_curves.resize(static_cast<std::size_t>(nCurves));
-    for (int i = 0; i < nCurves; ++i) {
-        FollowCurve(i, plot.m_pMultipartCurve ? ViewOfParts(plot) : ViewOfFunction(plot, i), pZoom);
+void CCurveTraces::Follow(const COutputCurve& plot, bool bTrustValues) {
+    CArrayFingerprints prints;
+    m_curves.resize(static_cast<std::size_t>(plot.m_pMultipartCurve ? 1 : plot.m_nFunctions));
+    for (int i = 0; auto& pCurve : m_curves) {
+        if (!pCurve) {
+            pCurve = std::make_unique<CTracedCurve>();
+        }
+        auto pView = plot.m_pMultipartCurve ? ViewOfParts(plot) : ViewOfFunction(plot, i++);
+        pCurve->trace.Follow(pView.get(), bTrustValues ? nullptr : &prints);
+        pCurve->pView = std::move(pView);
     }
 }
 
-void CCurveTraces::FollowCurve(int nIndex, std::unique_ptr<CMultipartCurve> pView, const CZoomWindow* pZoom) {
-    std::unique_ptr<CTracedCurve>& pCurve = m_curves[static_cast<std::size_t>(nIndex)];
-    if (!pCurve) {
-        pCurve = std::make_unique<CTracedCurve>();
+void CCurveTraces::ShowIn(const CZoomWindow* pZoom) {
+    for (const auto& pCurve : m_curves) {
+        pCurve->trace.ShowIn(pZoom);
     }
-    pCurve->trace.Follow(pView.get(), pZoom);
-    pCurve->pView = std::move(pView);
+}
+
+CDataRange CCurveTraces::GetRangeX() {
+    CDataRange range;
+    for (const auto& pCurve : m_curves) {
+        range.Add(pCurve->trace.GetRangeX());
+    }
+    return range;
+}
+
+CDataRange CCurveTraces::GetRangeY() {
+    CDataRange range;
+    for (const auto& pCurve : m_curves) {
+        range.Add(pCurve->trace.GetRangeY());
+    }
+    return range;
 }
 
 } // namespace tessara

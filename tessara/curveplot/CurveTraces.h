@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include "tessara/numeric/PolylineCut.h"
 #include "tessara/plot/CurveTrace.h"
 
 class COutputCurve;
@@ -13,9 +14,13 @@ namespace tessara {
 /// colour is its style.
 class CCurveTraces {
 public:
-    /// Turns to the plot's curves as they are now; what was found of the same curves is kept. Throws
-    /// std::bad_alloc.
-    void Follow(const COutputCurve& plot, const CZoomWindow* pZoom);
+    /// Turns to the plot's curves as they are now; what was found of the same curves is kept (see
+    /// CCurveTrace::Follow). Throws std::bad_alloc and CMemoryException, as ShowIn and ForEachRun do.
+    void Follow(const COutputCurve& plot, bool bTrustValues);
+    void ShowIn(const CZoomWindow* pZoom);
+    /// The finite abscissae and ordinates of all the curves.
+    CDataRange GetRangeX();
+    CDataRange GetRangeY();
     /// The thinned runs of all curves in the order in which they are drawn.
     template <class DRAW>
     void ForEachRun(const CPlotMap& map, DRAW draw) {
@@ -30,9 +35,8 @@ public:
 private:
     struct CTracedCurve {
         std::unique_ptr<CMultipartCurve> pView; ///< of the plot's arrays
-        CCurveTrace trace;
+        CCurveTrace trace{&CutMultipartCurve};
     };
-    void FollowCurve(int nIndex, std::unique_ptr<CMultipartCurve> pView, const CZoomWindow* pZoom);
 
     std::vector<std::unique_ptr<CTracedCurve>> m_curves;
 };

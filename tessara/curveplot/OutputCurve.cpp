@@ -98,6 +98,10 @@ void COutputCurve::SetSymbolsCurve(CMultiCurve* pCurve) {
     m_pSymbolsCurve = pCurve;
 }
 
+void COutputCurve::DataChanged() {
+    m_pTraces->Forget();
+}
+
 void COutputCurve::Add(CCurve* pCurve) {
     m_OutputList.Add(pCurve);
 }
@@ -251,10 +255,8 @@ void COutputCurve::ShowWhole() {
 }
 
 void COutputCurve::ChooseArgumentScale() {
-    tessara::CDataRange range;
-    if (m_pMultipartCurve) {
-        range.Add(m_pMultipartCurve->m_pX, m_pMultipartCurve->m_nPoints);
-    } else {
+    tessara::CDataRange range = m_pTraces->GetRangeX();
+    if (!m_pMultipartCurve && m_nFunctions == 0) { // abscissae alone
         range.Add(m_pX, m_nPoints);
     }
     if (m_pSymbolsCurve) {
@@ -264,14 +266,7 @@ void COutputCurve::ChooseArgumentScale() {
 }
 
 void COutputCurve::ChooseFunctionScale() {
-    tessara::CDataRange range;
-    if (m_pMultipartCurve) {
-        range.Add(m_pMultipartCurve->m_pY, m_pMultipartCurve->m_nPoints);
-    } else {
-        for (int i = 0; i < m_nFunctions; ++i) {
-            range.Add(m_pY[i], m_nPoints);
-        }
-    }
+    tessara::CDataRange range = m_pTraces->GetRangeY();
     if (m_pSymbolsCurve) {
         for (int i = 0; i < m_pSymbolsCurve->m_nDimensions; ++i) {
             range.Add(m_pSymbolsCurve->m_ppY[i], m_pSymbolsCurve->m_nPoints);
@@ -281,6 +276,7 @@ void COutputCurve::ChooseFunctionScale() {
 }
 
 void COutputCurve::FindBoundingBox() {
+    m_pTraces->Follow(*this, m_bChangesAnnounced != 0);
     if (m_bZoomed) {
         tessara::ChooseZoomedScale(m_ArgumentScale, m_Zoom.dXMin, m_Zoom.dXMax);
         tessara::ChooseZoomedScale(m_FunctionScale, m_Zoom.dYMin, m_Zoom.dYMax);

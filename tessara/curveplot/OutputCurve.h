@@ -3,6 +3,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "tessara/numeric/Curve.h"
 #include "tessara/numeric/MultiCurve.h"
@@ -45,11 +46,11 @@ enum OutputCurveFlag : DWORD {
 ///
 /// The plot holds pointers to the caller's curves and arrays and copies nothing: they must outlive its use of
 /// them. Abscissae are ascending. Values that are infinite or not a number count for no axis and are gaps in
-/// a curve. A paint keeps what it found for the next: who changes single values of an array in place sets the
-/// data again (an array that is filled anew is noticed). At most MAX_FUNCTIONS functions are shown; further
-/// columns of a multi-curve are left out. Symbols, names and the caption are indexed text (IndexedText.h) but
-/// for the caption and the argument's name, which are plain. The background mode of text is the caller's:
-/// with an opaque one a text wipes out what stands beside it (CDC). Main thread.
+/// a curve. A paint keeps what it found for the next; values that were changed in place are painted by the
+/// next paint (but see AnnounceChanges). At most MAX_FUNCTIONS functions are shown; further columns of a
+/// multi-curve are left out. Symbols, names and the caption are indexed text (IndexedText.h) but for the
+/// caption and the argument's name, which are plain. The background mode of text is the caller's: with an
+/// opaque one a text wipes out what stands beside it (CDC). Main thread.
 ///
 ///     COutputCurve plot;
 ///     plot.SetNames("Vapour pressure", "p / kPa~N", "Temperature", "T / K~N");
@@ -79,6 +80,13 @@ public:
     COutputCurve& operator=(CMultipartCurve* pCurve);
     /// Points to be drawn as markers: the first column as squares, the second as circles. Null for none.
     void SetSymbolsCurve(CMultiCurve* pCurve);
+
+    /// Promises that the values in the curves' arrays change only where DataChanged is called, or data are
+    /// set, before the next paint. A paint then does not look at all of them to see whether they are the
+    /// same, which takes most of the time of a paint of millions of points. DEFAULT: 0, nothing is promised.
+    void AnnounceChanges(int bAnnounce) { m_bChangesAnnounced = bAnnounce; }
+    /// Tells of values that were changed in place.
+    void DataChanged();
 
     /// The application's list of curves; what is painted is the output data.
     void Add(CCurve* pCurve);
@@ -167,7 +175,8 @@ public:
     int IsGetValueVisible();
     /// Call before the plot's window goes. The plot itself calls it at its end.
     void DestroyGetValue();
-    /// Lists the values at x and moves the mark there.
+    /// Lists the values at x and moves the mark there: of each function, or of each branch that a multipart
+    /// curve has at x. A paint lists them anew, so that they follow the data.
     void DisplayValues(double x);
     /// The same, and shows x in the window's field, as a click does.
     void PickArgument(double x);
@@ -227,10 +236,14 @@ private:
     void ChooseArgumentScale();
     void ChooseFunctionScale();
     int CountLegendRows() const;
-    CString MakeValueLine(int nFunction, double x);
+    std::vector<double> ValuesAt(double x);
+    CString MakeValueLine(double dValue) const;
+    std::vector<CString> MakeValueLines(double x);
+    void ShowValueLines(const std::vector<CString>& lines);
+    void RefreshValueLines();
 
     std::optional<tessara::CZoomWindow> GetCutWindow() const;
-    bool FollowCurves(const tessara::CPlotMap& map);
+    bool PrepareCurves();
     tessara::CPlotMap GetPlotMap() const;
     void RememberPlotDevice(const CDC& dc, const tessara::CPlotArea& area);
     void DrawFrames(const tessara::CCanvas& canvas, const tessara::CPlotArea& area);
@@ -242,6 +255,7 @@ private:
     void DrawSymbols(const tessara::CCanvas& canvas, const tessara::CPlotMap& map);
     void DrawMarkAgain(CDC* pDC, const CMetaFileDC* pMetaDC);
 
+    int m_bChangesAnnounced = 0;
     int m_bCutToAxes = 0;
     int m_bZoomed = 0;
     tessara::CZoomWindow m_Zoom;

@@ -3,6 +3,7 @@
 
 #include "tessara/curveplot/CurveTraces.h"
 #include "tessara/curveplot/OutputCurve.h"
+#include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/Number.h"
 #include "tessara/platform/ui/ClientDC.h"
 #include "tessara/platform/ui/WaitCursor.h"
@@ -51,11 +52,10 @@ RECT AroundPoint(POINT point) {
 } // namespace
 
 int COutputCurve::Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {
-    FindBoundingBox();
-    const CPlotMap map = GetPlotMap();
-    if (!FollowCurves(map)) {
+    if (!PrepareCurves()) {
         return 0;
     }
+    const CPlotMap map = GetPlotMap();
     const tessara::CSavedState saved(*pDC);
     m_rcClient = rc;
     CenterDC(pDC, m_rcClient);
@@ -91,16 +91,22 @@ std::optional<tessara::CZoomWindow> COutputCurve::GetCutWindow() const {
     return std::nullopt;
 }
 
-/// Maps the curves to the page; false when there is no memory for their points.
-bool COutputCurve::FollowCurves(const CPlotMap& map) {
+/// Chooses the scales and maps the curves to the page; false when there is no memory for their points.
+bool COutputCurve::PrepareCurves() {
     const CWaitCursor wait;
-    const auto window = GetCutWindow();
-    try {
-        m_pTraces->Follow(*this, window ? &*window : nullptr);
-        m_pTraces->ForEachRun(map, [](const auto&) {});
-    } catch (const std::bad_alloc&) {
+    const auto fail = [this] {
         m_pTraces->Forget();
         return false;
+    };
+    try {
+        FindBoundingBox();
+        const auto window = GetCutWindow();
+        m_pTraces->ShowIn(window ? &*window : nullptr);
+        m_pTraces->ForEachRun(GetPlotMap(), [](const auto&) {});
+    } catch (const std::bad_alloc&) {
+        return fail();
+    } catch (const CMemoryException&) { // the curves' own word for it
+        return fail();
     }
     return true;
 }
@@ -225,12 +231,14 @@ void COutputCurve::DrawSymbols(const CCanvas& canvas, const CPlotMap& map) {
     }
 }
 
-/// Painting has erased the mark on the screen; pictures and paper have none.
+/// Painting has erased the mark on the screen; pictures and paper have none. The values listed are those of
+/// what was painted.
 void COutputCurve::DrawMarkAgain(CDC* pDC, const CMetaFileDC* pMetaDC) {
     if (pMetaDC || pDC->IsPrinting() || !(m_nFlags & OCF_MARKSHOWN)) {
         return;
     }
     if (IsGetValueVisible()) {
+        RefreshValueLines();
         DrawMarkOnDC(pDC);
     } else if (pDC->IsKindOf(RUNTIME_CLASS(CClientDC))) {
         m_nFlags &= ~DWORD{OCF_MARKSHOWN};

@@ -1,7 +1,12 @@
+#include <cmath>
+#include <memory>
+#include <set>
 #include <vector>
 
 #include "tessara/curveplot/GetValueDialog.h"
 #include "tessara/curveplot/OutputCurve.h"
+#include "tessara/numeric/PartRecords.h"
+#include "tessara/numeric/Table.h"
 #include "tessara/platform/ui/Pointer.h"
 #include "tessara/plot/LibraryCursors.h"
 #include "tessara/plot/PageDC.h"
@@ -15,6 +20,33 @@ constexpr COLORREF MARK_COLOR = 0x7F7F7F;
 constexpr int MARK_WIDTH = 4;
 constexpr COLORREF BLACK = 0x000000;
 constexpr COLORREF WHITE = 0xFFFFFF;
+
+/// Whether a pixel shows a curve. That of a window that has gone is none.
+bool IsCurve(COLORREF crPixel) {
+    return crPixel != BLACK && crPixel != WHITE && crPixel != CLR_INVALID;
+}
+
+/// Values that differ by more than rounding does.
+class CDistinctValues {
+public:
+    explicit CDistinctValues(double dSame) : m_dSame(dSame) {}
+
+    /// False when there is such a value already.
+    bool Add(double dValue) {
+        const auto next = m_values.lower_bound(dValue - m_dSame);
+        if (next != m_values.end() && *next <= dValue + m_dSame) {
+            return false;
+        }
+        m_values.insert(dValue);
+        return true;
+    }
+
+private:
+    double m_dSame;
+    std::set<double> m_values;
+};
+
+constexpr double SAME = 1e-12; ///< of the axis
 
 } // namespace
 
@@ -64,28 +96,75 @@ void COutputCurve::ShowGetValue(int bShow) {
     m_nFlags &= ~DWORD{OCF_MARKSHOWN | OCF_GETVALUE};
 }
 
-/// The shown number times ten to the power of minus the axis' exponent is the value.
-CString COutputCurve::MakeValueLine(int nFunction, double x) {
-    const int nExponent = m_FunctionScale.nExponent;
-    const double dFactor = nExponent == 0 ? 1 : m_FunctionScale.dFactor;
-    return tessara::ValueLine(m_strCurveSymbol, m_strFunctionFormat, Value(nFunction, x) * dFactor,
-                              -nExponent);
+/// Of a multipart curve, what each part has at x. A part is looked at as a curve of its own, whose last point
+/// counts as well. Parts that meet in a point have one value there.
+std::vector<double> COutputCurve::ValuesAt(double x) {
+    std::vector<double> values;
+    if (!m_pMultipartCurve) {
+        for (int i = 0; i < m_nFunctions; ++i) {
+            values.push_back(Value(i, x));
+        }
+        return values;
+    }
+    CDistinctValues distinct(SAME * (m_FunctionScale.dUpper - m_FunctionScale.dLower));
+    const CMultipartCurve& curve = *m_pMultipartCurve;
+    for (int i = 0; i < curve.m_nParts; ++i) {
+        const CCurvePartInfo part = tessara::ClipPart(curve.m_pParts[i], curve.m_nPoints);
+        CCurvePartInfo whole{0, part.nPoints, 0};
+        const CMultipartCurve branch(part.nPoints, curve.m_pX + part.nFirst, curve.m_pY + part.nFirst, 1,
+                                     &whole, 1);
+        const std::unique_ptr<CTable> pReached(branch.Value(0, x));
+        for (int j = 0; pReached && j < pReached->m_nPoints; ++j) {
+            const double dValue = pReached->m_ppData[1][j];
+            if (std::isfinite(dValue) && distinct.Add(dValue)) {
+                values.push_back(dValue);
+            }
+        }
+    }
+    return values.empty() ? std::vector{Value(0, x)} : values;
 }
 
-void COutputCurve::DisplayValues(double x) {
-    std::vector<CString> lines(static_cast<std::size_t>(m_nFunctions));
-    for (int i = 0; i < m_nFunctions; ++i) {
-        lines[static_cast<std::size_t>(i)] = MakeValueLine(i, x);
+/// The shown number times ten to the power of minus the axis' exponent is the value.
+CString COutputCurve::MakeValueLine(double dValue) const {
+    const int nExponent = m_FunctionScale.nExponent;
+    const double dFactor = nExponent == 0 ? 1 : m_FunctionScale.dFactor;
+    return tessara::ValueLine(m_strCurveSymbol, m_strFunctionFormat, dValue * dFactor, -nExponent);
+}
+
+std::vector<CString> COutputCurve::MakeValueLines(double x) {
+    std::vector<CString> lines;
+    for (const double dValue : ValuesAt(x)) {
+        lines.push_back(MakeValueLine(dValue));
     }
-    m_ValueLines.SetSize(m_nFunctions);
-    for (int i = 0; i < m_nFunctions; ++i) {
+    return lines;
+}
+
+void COutputCurve::ShowValueLines(const std::vector<CString>& lines) {
+    m_ValueLines.SetSize(static_cast<int>(lines.size()));
+    for (int i = 0; i < m_ValueLines.GetSize(); ++i) {
         m_ValueLines.SetAt(i, lines[static_cast<std::size_t>(i)]);
     }
     if (m_pGetValueDialog) {
         m_pGetValueDialog->SetValueLines(m_ValueLines);
-        if (m_nFlags & OCF_MARKSHOWN) {
-            DrawMark();
-        }
+    }
+}
+
+/// A list that is filled again loses its place, so it is left alone while the lines are the same.
+void COutputCurve::RefreshValueLines() {
+    const std::vector<CString> lines = MakeValueLines(m_dMarkArgument);
+    bool bSame = m_ValueLines.GetSize() == static_cast<int>(lines.size());
+    for (int i = 0; bSame && i < m_ValueLines.GetSize(); ++i) {
+        bSame = m_ValueLines.GetAt(i) == lines[static_cast<std::size_t>(i)];
+    }
+    if (!bSame) {
+        ShowValueLines(lines);
+    }
+}
+
+void COutputCurve::DisplayValues(double x) {
+    ShowValueLines(MakeValueLines(x));
+    if (m_pGetValueDialog && m_nFlags & OCF_MARKSHOWN) {
+        DrawMark();
     }
     m_dMarkArgument = x;
     m_nFlags |= OCF_MARKSHOWN;
@@ -129,7 +208,7 @@ void COutputCurve::OnMouseMove(CPoint pt, CWnd* pWnd) {
         return;
     }
     const COLORREF crPixel = CClientDC(pWnd).GetPixel(pt.x, pt.y);
-    if (crPixel == BLACK || crPixel == WHITE) {
+    if (!IsCurve(crPixel)) {
         m_nFlags &= ~DWORD{OCF_OVERCURVE};
         return;
     }

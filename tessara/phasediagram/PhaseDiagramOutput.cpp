@@ -4,6 +4,7 @@
 #include <array>
 
 #include "tessara/numeric/Intersections.h"
+#include "tessara/numeric/Zoom.h"
 #include "tessara/phasediagram/CrossSectionDialog.h"
 #include "tessara/phasediagram/ElementColors.h"
 #include "tessara/platform/base/Exception.h"
@@ -45,9 +46,9 @@ int IndexOf(const CDWordArray& colors, DWORD c) {
 } // namespace
 
 CPhaseDiagramOutput::CPhaseDiagramOutput()
-    : m_pCloudPointTrace(std::make_unique<tessara::CCurveTrace>()),
-      m_pShadowTrace(std::make_unique<tessara::CCurveTrace>()),
-      m_pSpinodalTrace(std::make_unique<tessara::CCurveTrace>()) {
+    : m_pCloudPointTrace(std::make_unique<tessara::CCurveTrace>(&ZoomMultipartCurve)),
+      m_pShadowTrace(std::make_unique<tessara::CCurveTrace>(&ZoomMultipartCurve)),
+      m_pSpinodalTrace(std::make_unique<tessara::CCurveTrace>(&ZoomMultipartCurve)) {
     for (const COLORREF color : CURVE_COLORS) {
         m_CurveColors.Add(color);
         m_ElementColors.Add(color);
@@ -231,6 +232,12 @@ void CPhaseDiagramOutput::SetMultiphasePoints(int x, int y, CTable* table) {
     m_MultiphasePointColumns = {x, y};
     SetMultiphasePoints(table->m_nPoints, table->m_ppData[x], table->m_ppData[y]);
     m_pMultiphasePointTable = table;
+}
+
+void CPhaseDiagramOutput::DataChanged() {
+    for (const auto* const ppTrace : {&m_pCloudPointTrace, &m_pShadowTrace, &m_pSpinodalTrace}) {
+        (*ppTrace)->Forget();
+    }
 }
 
 void CPhaseDiagramOutput::DrawLeftBoundary(double x) {

@@ -72,13 +72,13 @@ constexpr UINT WM_CROSSSECTION = WM_USER + 32;
 /// as a metafile.
 ///
 /// Curves view the point arrays of the tables they are made from, which must stay alive and of the same size
-/// as long as they are shown; points are copied. A paint keeps what it found for the next: who changes single
-/// values of an array in place calls the setter again (an array that is filled anew is noticed). A curve of
-/// two colours has branches: parts of colour 0 are the spinodal's trivial branch or the physical part of the
-/// others, all other parts the nontrivial branch or the non-physical part. Values that are infinite or not a
-/// number count for no axis and are gaps. The name is plain text, axis symbols and the slide name are indexed
-/// text (IndexedText.h). The background mode of text is the caller's: with an opaque one a text wipes out
-/// what stands beside it (CDC). Main thread.
+/// as long as they are shown; points are copied. A paint keeps what it found for the next; values that were
+/// changed in place are painted by the next paint (but see AnnounceChanges). A curve of two colours has
+/// branches: parts of colour 0 are the spinodal's trivial branch or the physical part of the others, all
+/// other parts the nontrivial branch or the non-physical part. Values that are infinite or not a number count
+/// for no axis and are gaps. The name is plain text, axis symbols and the slide name are indexed text
+/// (IndexedText.h). The background mode of text is the caller's: with an opaque one a text wipes out what
+/// stands beside it (CDC). Main thread.
 ///
 ///     CPhaseDiagramOutput diagram;
 ///     diagram.SetNames("Polystyrene in cyclohexane", "T, K~N", "f~G2~L");
@@ -132,6 +132,13 @@ public:
     void SetCriticalPoints(int x, int y, CTable* table);
     void SetLifshitzPoints(int x, int y, CTable* table);
     void SetMultiphasePoints(int x, int y, CTable* table);
+
+    /// Promises that the values in the curves' arrays change only where DataChanged is called, or curves are
+    /// set, before the next paint. A paint then does not look at all of them to see whether they are the
+    /// same, which takes most of the time of a paint of millions of points. DEFAULT: nothing is promised.
+    void AnnounceChanges(bool bAnnounce) { m_bChangesAnnounced = bAnnounce; }
+    /// Tells of values that were changed in place.
+    void DataChanged();
 
     // Display
 
@@ -336,6 +343,7 @@ private:
 
     /// Turns the traces to the curves as they are now.
     void FollowCurves();
+    void ChooseScales();
     void ChooseAbscissaScale();
     void ChooseOrdinateScale();
     template <class CURVE_RANGE, class POINT_VALUES>
@@ -380,4 +388,5 @@ private:
     std::unique_ptr<tessara::CCurveTrace> m_pCloudPointTrace; ///< what the last paint found of each curve
     std::unique_ptr<tessara::CCurveTrace> m_pShadowTrace;
     std::unique_ptr<tessara::CCurveTrace> m_pSpinodalTrace;
+    bool m_bChangesAnnounced = false;
 };

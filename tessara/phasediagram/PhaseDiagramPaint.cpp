@@ -90,7 +90,7 @@ int CPhaseDiagramOutput::Paint(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {
 
 void CPhaseDiagramOutput::PaintPage(CDC* pDC, RECT rc, CMetaFileDC* pMetaDC) {
     const CShownCurves shown(*this);
-    FindBoundingBox();
+    ChooseScales();
     const tessara::CSavedState saved(*pDC);
     m_rcPaint = rc;
     CenterDC(pDC, rc);

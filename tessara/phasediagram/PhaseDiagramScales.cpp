@@ -43,14 +43,22 @@ void CPhaseDiagramOutput::ChooseOrdinateScale() {
 }
 
 void CPhaseDiagramOutput::FollowCurves() {
-    const tessara::CZoomWindow* const pZoom = m_bZoomed ? &m_Zoom : nullptr;
-    m_pCloudPointTrace->Follow(m_pCloudPointCurve.get(), pZoom);
-    m_pShadowTrace->Follow(m_pShadowCurve.get(), pZoom);
-    m_pSpinodalTrace->Follow(m_pSpinodal.get(), pZoom);
+    tessara::CArrayFingerprints prints;
+    const auto follow = [&](tessara::CCurveTrace& trace, CMultipartCurve* pCurve) {
+        trace.Follow(pCurve, m_bChangesAnnounced ? nullptr : &prints);
+        trace.ShowIn(m_bZoomed ? &m_Zoom : nullptr);
+    };
+    follow(*m_pCloudPointTrace, m_pCloudPointCurve.get());
+    follow(*m_pShadowTrace, m_pShadowCurve.get());
+    follow(*m_pSpinodalTrace, m_pSpinodal.get());
 }
 
 void CPhaseDiagramOutput::FindBoundingBox() {
     FollowCurves();
+    ChooseScales();
+}
+
+void CPhaseDiagramOutput::ChooseScales() {
     if (m_nFlags & MF_CUSTOMABSCISSA && !m_bZoomed) {
         m_AbscissaScale = m_SavedAbscissaScale;
     } else {

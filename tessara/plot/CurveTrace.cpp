@@ -1,84 +1,82 @@
 #include "tessara/plot/CurveTrace.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstdlib>
+#include <type_traits>
 
-#include "tessara/numeric/Zoom.h"
 #include "tessara/platform/gdi/PolylineReduction.h"
 
 namespace tessara {
 
 namespace {
 
-constexpr int SAMPLES = 4096;
 constexpr LONG JOIN_REACH = 3; ///< page units: a quarter of a curve's width, whose round ends cover it
-
-/// A hash of numbers in their order (Fowler, Noll and Vo's, by words).
-class CHash {
-public:
-    void Add(std::uint64_t nWord) { m_nHash = (m_nHash ^ nWord) * 0x100000001B3ULL; }
-    void Add(double dValue) { Add(std::bit_cast<std::uint64_t>(dValue)); }
-    std::uint64_t Get() const { return m_nHash; }
-
-private:
-    std::uint64_t m_nHash = 0xCBF29CE484222325ULL;
-};
 
 } // namespace
 
-CCurveTrace::CSignature CCurveTrace::Sign(const CMultipartCurve& curve) {
-    CHash hash;
-    for (int i = 0; i < curve.m_nParts; ++i) {
-        const CCurvePartInfo& part = curve.m_pParts[i];
-        for (const int nField : {part.nFirst, part.nPoints, part.nColor}) {
-            hash.Add(static_cast<std::uint64_t>(nField));
-        }
+bool CCurveTrace::CSignature::Knows(const CSignature& later, bool bTrustValues) const {
+    const bool bSameArrays = pX == later.pX && pY == later.pY && nPoints == later.nPoints;
+    const bool bSameParts = nParts == later.nParts && nColors == later.nColors && parts == later.parts;
+    return bSameArrays && bSameParts && (bTrustValues || (values && values == later.values));
+}
+
+CCurveTrace::CSignature CCurveTrace::Sign(const CMultipartCurve& curve, CArrayFingerprints* pFingerprints) {
+    static_assert(std::has_unique_object_representations_v<CCurvePartInfo>);
+    CSignature signature{curve.m_pX, curve.m_pY, curve.m_nPoints, curve.m_nParts, curve.m_nColors, {}, {}};
+    const auto nParts = static_cast<std::size_t>(std::max(curve.m_nParts, 0));
+    signature.parts = CFingerprint::Of(curve.m_pParts, nParts * sizeof(CCurvePartInfo));
+    if (pFingerprints) {
+        signature.values = {pFingerprints->Of(curve.m_pX, curve.m_nPoints),
+                            pFingerprints->Of(curve.m_pY, curve.m_nPoints)};
     }
-    const int nStep = std::max(1, curve.m_nPoints / SAMPLES);
-    for (int i = 0; i < curve.m_nPoints; i += nStep) {
-        hash.Add(curve.m_pX[i]);
-        hash.Add(curve.m_pY[i]);
-    }
-    if (curve.m_nPoints > 0) {
-        hash.Add(curve.m_pX[curve.m_nPoints - 1]);
-        hash.Add(curve.m_pY[curve.m_nPoints - 1]);
-    }
-    return {curve.m_pX, curve.m_pY, curve.m_nPoints, hash.Get()};
+    return signature;
 }
 
 void CCurveTrace::Forget() {
-    m_signature = {};
-    m_pZoomed.reset();
-    m_zoom.reset();
+    m_pCurve = nullptr;
+    m_signature.reset();
     m_rangeX.reset();
     m_rangeY.reset();
+    ForgetPieces();
+}
+
+void CCurveTrace::ForgetPieces() {
+    m_pZoomed.reset();
+    m_zoom.reset();
     m_map.reset();
     m_runs.clear();
 }
 
-void CCurveTrace::Follow(CMultipartCurve* pCurve, const CZoomWindow* pZoom) {
-    const CSignature signature = pCurve ? Sign(*pCurve) : CSignature();
-    const auto zoom = pZoom ? std::optional(*pZoom) : std::nullopt;
-    m_pCurve = pCurve;
-    if (signature != m_signature || zoom != m_zoom) {
+void CCurveTrace::Follow(CMultipartCurve* pCurve, CArrayFingerprints* pFingerprints) {
+    if (!pCurve) {
+        Forget();
+        return;
+    }
+    const CSignature signature = Sign(*pCurve, pFingerprints);
+    if (!m_signature || !m_signature->Knows(signature, !pFingerprints)) {
         Forget();
         m_signature = signature;
-        m_zoom = zoom;
-        if (pCurve && zoom) {
-            m_pZoomed.reset(ZoomMultipartCurve(pCurve, zoom->dXMin, zoom->dYMin, zoom->dXMax, zoom->dYMax));
-        }
     }
-    if (zoom && !m_pZoomed) {
-        m_pCurve = nullptr;
+    m_pCurve = pCurve;
+}
+
+void CCurveTrace::ShowIn(const CZoomWindow* pZoom) {
+    const auto zoom = pZoom ? std::optional(*pZoom) : std::nullopt;
+    if (zoom == m_zoom) {
+        return;
     }
+    ForgetPieces();
+    if (m_pCurve && zoom) {
+        m_pZoomed.reset(m_pCut(m_pCurve, zoom->dXMin, zoom->dYMin, zoom->dXMax, zoom->dYMax));
+    }
+    m_zoom = zoom; // last: nothing is kept of a cut that failed
 }
 
 const CDataRange& CCurveTrace::GetRange(std::optional<CDataRange>& range, double* CMultipartCurve::*pValues) {
     if (!range) {
         range.emplace();
-        if (const CMultipartCurve* const pShown = GetShown()) {
-            range->Add(pShown->*pValues, pShown->m_nPoints);
+        if (m_pCurve) {
+            range->Add(m_pCurve->*pValues, m_pCurve->m_nPoints);
         }
     }
     return *range;

@@ -80,27 +80,6 @@ TEST_F(DiagramPaint, EachElementHasExactlyItsColourOnScreen) {
     }
 }
 
-TEST_F(DiagramPaint, ARepaintShowsWhatChangedSinceTheLast) {
-    const auto fnPixels = [this] {
-        CImageDC image(400, 288);
-        m_diagram.Paint(&image, image.GetClientRect(), nullptr);
-        return CountColors(image);
-    };
-    const auto before = fnPixels();
-    EXPECT_EQ(fnPixels(), before);
-    for (int i = 0; i < m_section.m_nPoints; ++i) {
-        m_section.m_ppData[2][i] *= 0.5; // the arrays filled anew, in place
-    }
-    const auto changed = fnPixels();
-    EXPECT_NE(changed, before);
-    m_diagram.ZoomTo({0.4, -0.4, 0.2, 0.05});
-    const auto zoomed = fnPixels();
-    EXPECT_NE(zoomed, changed);
-    EXPECT_EQ(fnPixels(), zoomed);
-    m_diagram.ShowWhole();
-    EXPECT_EQ(fnPixels(), changed);
-}
-
 /// The places of an element's points on the image, close together along a curve.
 struct CDrawnElement {
     COLORREF color;

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <memory>
 
-#include "tessara/numeric/Zoom.h"
+#include "tessara/numeric/PolylineCut.h"
 #include "tessara/platform/gdi/ImageDC.h"
 #include "tessara/platform/vellum/Stippled.h"
 #include "tessara/plot/CurveTrace.h"
@@ -48,11 +48,12 @@ TEST(CurveTrace, JoinsPiecesOfAZoomedCurveWithoutChangingAPixel) {
         const auto pCurve = MakeNoise(nPoints);
         const CZoomWindow window{0.8, 0.2, 0.7, -0.4};
         const CPlotMap map = MapOf(window);
-        CCurveTrace trace;
-        trace.Follow(pCurve.get(), &window);
+        CCurveTrace trace(&CutMultipartCurve);
+        trace.Follow(pCurve.get(), nullptr);
+        trace.ShowIn(&window);
         const auto runs = trace.GetRuns(map);
         const std::unique_ptr<CMultipartCurve> pPieces(
-            ZoomMultipartCurve(pCurve.get(), window.dXMin, window.dYMin, window.dXMax, window.dYMax));
+            CutMultipartCurve(pCurve.get(), window.dXMin, window.dYMin, window.dXMax, window.dYMax));
         ASSERT_GT(pPieces->m_nParts, 50);
         if (nPoints > 3000) {
             EXPECT_LT(static_cast<int>(runs.size()) * 10, pPieces->m_nParts);
