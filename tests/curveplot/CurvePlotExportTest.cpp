@@ -1,26 +1,22 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <clocale>
-#include <fstream>
-#include <iterator>
 
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/gdi/ImageDC.h"
 #include "tests/curveplot/Plots.h"
+#include "tests/support/Golden.h"
 #include "tests/support/MetafileReader.h"
 
 using tessara::CTestPlot;
+using tessara::ExpectGolden;
+using tessara::JoinLines;
 using tessara::MakeLines;
+using tessara::ReadWholeFile;
 using testing::IsEmpty;
 
 namespace {
-
-std::string ReadFile(const std::string& strPath) {
-    std::ifstream file(strPath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// Two functions with indexed titles, symbols, a gap and a diagonal: every kind of drawing that a plot has.
 class CurvePlotExport : public testing::Test {
@@ -51,19 +47,10 @@ protected:
     CTestPlot m_plot;
 };
 
-/// Compares with a file that is reviewed like code. TESSARA_WRITE_GOLDEN=1 writes it anew.
-void ExpectGolden(const std::string& strName, const std::string& strText) {
-    const std::string strPath = std::string(TESSARA_GOLDEN_DIR) + "/" + strName;
-    if (getenv("TESSARA_WRITE_GOLDEN")) {
-        std::ofstream(strPath, std::ios::binary) << strText;
-    }
-    EXPECT_EQ(strText, ReadFile(strPath)) << "differs from tests/golden/" << strName;
-}
-
 TEST_F(CurvePlotExport, RecordsAreThoseOfTheReviewedDump) {
     CImageDC image(1024, 736);
     ASSERT_EQ(m_plot.Export(&image, image.GetClientRect(), Path("plot.wmf").c_str()), 1);
-    const std::string strBytes = ReadFile(Path("plot.wmf"));
+    const std::string strBytes = ReadWholeFile(Path("plot.wmf"));
     const CMetafileReading reading =
         ReadMetafile({reinterpret_cast<const unsigned char*>(strBytes.data()), strBytes.size()});
     EXPECT_THAT(reading.faults, IsEmpty());
@@ -72,11 +59,7 @@ TEST_F(CurvePlotExport, RecordsAreThoseOfTheReviewedDump) {
 
 TEST_F(CurvePlotExport, TheSurfaceIsDrawnAsInTheReviewedDumpWithAPictureOrWithout) {
     const tessara::CPlotLog alone(m_plot);
-    std::string strText;
-    for (const std::string& strLine : alone.lines) {
-        strText += strLine + "\n";
-    }
-    ExpectGolden("curve_plot.surface.txt", strText);
+    ExpectGolden("curve_plot.surface.txt", JoinLines(alone.lines));
 
     tessara::CLoggedSurface together;
     CMetaFileDC picture;
@@ -94,7 +77,7 @@ TEST_F(CurvePlotExport, PageCoordinatesAreTheSameAtEverySizeAndInEveryLocale) {
     ASSERT_TRUE(setlocale(LC_ALL, "de_DE.UTF-8")) << "the tests need the locale that their build makes";
     m_plot.Export(&large, large.GetClientRect(), Path("large.wmf").c_str());
     setlocale(LC_ALL, strOld.c_str());
-    EXPECT_EQ(ReadFile(Path("small.wmf")).substr(22), ReadFile(Path("large.wmf")).substr(22));
+    EXPECT_EQ(ReadWholeFile(Path("small.wmf")).substr(22), ReadWholeFile(Path("large.wmf")).substr(22));
 }
 
 TEST_F(CurvePlotExport, ReportsWhatCannotBeWritten) {
