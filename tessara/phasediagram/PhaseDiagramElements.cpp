@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "tessara/phasediagram/ElementColors.h"
@@ -21,10 +22,23 @@ RECT Around(POINT point) {
     return {point.x - SYMBOL_REACH, point.y - SYMBOL_REACH, point.x + SYMBOL_REACH, point.y + SYMBOL_REACH};
 }
 
+/// Whether a run is one place that is not within the frame. Cutting leaves such a place of a segment that
+/// passes by a corner of the zoom window, or touches its edge: it would be drawn as a dot, which tells of a
+/// point that the curve does not have.
+bool IsOutsideDot(const std::vector<POINT>& run, const CRect& frame) {
+    const POINT place = run.front();
+    const bool bOnePlace =
+        std::all_of(run.begin(), run.end(), [&](const POINT& point) { return point == place; });
+    const bool bWithin =
+        place.x > frame.left && place.x < frame.right && place.y > frame.top && place.y < frame.bottom;
+    return bOnePlace && !bWithin;
+}
+
 } // namespace
 
 CPlotMap CPhaseDiagramOutput::GetPlotMap() const {
-    return CPlotMap(GetPlotArea().Rect(), m_AbscissaScale, m_OrdinateScale);
+    return {GetPlotArea().Rect(), m_AbscissaScale, m_OrdinateScale, CPlotMap::Base::top,
+            CPlotMap::Way::product};
 }
 
 void CPhaseDiagramOutput::DrawElements(const CCanvas& canvas, CMetaFileDC* pMetaDC) {
@@ -46,6 +60,9 @@ void CPhaseDiagramOutput::DrawElements(const CCanvas& canvas, CMetaFileDC* pMeta
 void CPhaseDiagramOutput::DrawCurve(const CCanvas& canvas, tessara::CCurveTrace& trace,
                                     int (*pStyleOf)(int nColor), CMetaFileDC* pMetaDC) {
     for (const tessara::CCurveTrace::CRun& run : trace.GetRuns(GetPlotMap())) {
+        if (m_bZoomed && IsOutsideDot(run.points, GetPlotArea().Rect())) {
+            continue;
+        }
         std::vector<POINT> points = run.points;
         PolyLineStippledEx(&canvas.GetSurface(), points.data(), static_cast<int>(points.size()),
                            pStyleOf(run.nColor), pMetaDC, m_bMonochrome ? 1 : 0);

@@ -88,6 +88,7 @@ void CPhaseDiagramOutput::PickPoint(double dX, double dY, DWORD crElement) {
     RemoveMark();
     m_dMarkX = dX;
     m_dMarkY = dY;
+    m_bMarkOutdated = false;
     m_nFlags |= MF_MARKSHOWN;
     DrawMark();
 }
@@ -118,10 +119,11 @@ void CPhaseDiagramOutput::DrawMarkAgain(CDC* pDC, const CMetaFileDC* pMetaDC) {
     if (pMetaDC || pDC->IsPrinting() || !(m_nFlags & MF_MARKSHOWN)) {
         return;
     }
-    if (IsAnyReadOutVisible()) {
+    if (IsAnyReadOutVisible() && !m_bMarkOutdated) {
         DrawMarkOnDC(pDC);
     } else if (pDC->IsKindOf(RUNTIME_CLASS(CClientDC))) {
         m_nFlags &= ~DWORD{MF_MARKSHOWN};
+        m_bMarkOutdated = false;
     }
 }
 

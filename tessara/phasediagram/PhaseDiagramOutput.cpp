@@ -75,6 +75,8 @@ void CPhaseDiagramOutput::Reset() {
     m_pCriticalPoints.reset();
     m_pLifshitzPoints.reset();
     m_pMultiphasePoints.reset();
+    m_bCloudPointCurveOfSection = false;
+    m_bShadowCurveOfSection = false;
     m_bMultiphasePointsVisible = 0;
     m_Drag.Cancel();
     m_bZoomed = 0;
@@ -87,6 +89,7 @@ void CPhaseDiagramOutput::Reset() {
     m_bShowLegend = 1;
     m_bMonochrome = 0;
     ResetFormatStrings();
+    ForgetReadOut();
 }
 
 void CPhaseDiagramOutput::SetNames(const char* name, const char* ordinateSymbol, const char* abscissaSymbol) {
@@ -159,6 +162,7 @@ void CPhaseDiagramOutput::AddFormatString(int nElement, int nColumn, const char*
 void CPhaseDiagramOutput::SetBinodalSection(int cloudPointX, int shadowX, int y, CMultipartTable* table,
                                             int) {
     double** ppData = table->m_ppData;
+    const bool bShadowStays = m_bShadowCurveOfSection && table == m_pBinodalSection;
     m_CloudPointColumns = {cloudPointX, y};
     SetCloudPointCurve(table->m_nPoints, ppData[cloudPointX], ppData[y], table->m_nParts, table->m_pParts,
                        table->GetNumColors());
@@ -168,6 +172,12 @@ void CPhaseDiagramOutput::SetBinodalSection(int cloudPointX, int shadowX, int y,
                        table->GetNumColors());
     }
     m_pBinodalSection = table;
+    m_bCloudPointCurveOfSection = true;
+    m_bShadowCurveOfSection = shadowX > -1 || bShadowStays;
+    m_pFoundMultiphasePoints.reset();
+    if (m_bMultiphasePointsVisible) {
+        FindMultiphasePoints();
+    }
 }
 
 void CPhaseDiagramOutput::SetSpinodalSection(int x, int y, CMultipartTable* table) {
@@ -180,40 +190,51 @@ void CPhaseDiagramOutput::SetSpinodalSection(int x, int y, CMultipartTable* tabl
 void CPhaseDiagramOutput::SetSpinodalSection(CMultipartCurve* curve) {
     SetSpinodal(curve->m_nPoints, curve->m_pX, curve->m_pY, curve->m_nParts, curve->m_pParts,
                 curve->GetNumColors());
-    m_pSpinodalSection = nullptr; // no longer that of the curve
 }
 
 void CPhaseDiagramOutput::SetCloudPointCurve(int nPoints, double* x, double* y, int nParts,
                                              CCurvePartInfo* parts, int nColors) {
     m_pCloudPointCurve = std::make_unique<CMultipartCurve>(nPoints, x, y, nParts, parts, nColors);
+    m_pShownCloudPointCurve = m_pCloudPointCurve.get();
+    m_bCloudPointCurveOfSection = false;
     m_pCloudPointTrace->Forget();
+    ForgetReadOut();
 }
 
 void CPhaseDiagramOutput::SetShadowCurve(int nPoints, double* x, double* y, int nParts, CCurvePartInfo* parts,
                                          int nColors) {
     m_pShadowCurve = std::make_unique<CMultipartCurve>(nPoints, x, y, nParts, parts, nColors);
+    m_pShownShadowCurve = m_pShadowCurve.get();
+    m_bShadowCurveOfSection = false;
     m_pShadowTrace->Forget();
+    ForgetReadOut();
 }
 
 void CPhaseDiagramOutput::SetSpinodal(int nPoints, double* x, double* y, int nParts, CCurvePartInfo* parts,
                                       int nColors) {
     m_pSpinodal = std::make_unique<CMultipartCurve>(nPoints, x, y, nParts, parts, nColors);
+    m_pShownSpinodal = m_pSpinodal.get();
+    m_pSpinodalSection = nullptr; // no longer that of the curve
     m_pSpinodalTrace->Forget();
+    ForgetReadOut();
 }
 
 void CPhaseDiagramOutput::SetCriticalPoints(int n, double* x, double* y) {
     m_pCriticalPoints = CopyPoints(n, x, y);
     m_pCriticalPointTable = nullptr; // no longer that of the points
+    ForgetReadOut();
 }
 
 void CPhaseDiagramOutput::SetLifshitzPoints(int n, double* x, double* y) {
     m_pLifshitzPoints = CopyPoints(n, x, y);
     m_pLifshitzPointTable = nullptr; // no longer that of the points
+    ForgetReadOut();
 }
 
 void CPhaseDiagramOutput::SetMultiphasePoints(int n, double* x, double* y) {
     m_pMultiphasePoints = CopyPoints(n, x, y);
     m_pMultiphasePointTable = nullptr; // no longer that of the points
+    ForgetReadOut();
 }
 
 void CPhaseDiagramOutput::SetCriticalPoints(int x, int y, CTable* table) {
@@ -256,12 +277,18 @@ void CPhaseDiagramOutput::EnableCriticalPointsClicking(int bEnable) {
 
 void CPhaseDiagramOutput::ToggleMultiphasePoints() {
     m_bMultiphasePointsVisible = !m_bMultiphasePointsVisible;
-    if (m_bMultiphasePointsVisible && !m_pFoundMultiphasePoints && GetSection()) {
-        m_pFoundMultiphasePoints.reset(
-            Find2DSelfIntersections(m_pBinodalSection, m_CloudPointColumns.nX, m_CloudPointColumns.nY));
+    if (m_bMultiphasePointsVisible && !m_pFoundMultiphasePoints) {
+        FindMultiphasePoints();
     }
     if (m_pParentWnd) {
         m_pParentWnd->InvalidateRect(&m_rcPlotDevice);
+    }
+}
+
+void CPhaseDiagramOutput::FindMultiphasePoints() {
+    if (CMultipartTable* const pSection = GetSection()) {
+        m_pFoundMultiphasePoints.reset(
+            Find2DSelfIntersections(pSection, m_CloudPointColumns.nX, m_CloudPointColumns.nY));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -119,7 +120,8 @@ public:
     // Elements; each setter replaces what it sets.
 
     /// Makes the cloud-point curve from columns cloudPointX and y of a table and, when shadowX is not
-    /// negative, the shadow curve from columns shadowX and y. The last argument is not used.
+    /// negative, the shadow curve from columns shadowX and y; else the shadow curve stays that of the table
+    /// it was made from. Found multiphase points are those of the new table. The last argument is not used.
     void SetBinodalSection(int cloudPointX, int shadowX, int y, CMultipartTable* table, int reserved);
     void SetSpinodalSection(int x, int y, CMultipartTable* table);
     /// Makes the spinodal a view of a curve.
@@ -153,7 +155,7 @@ public:
     void EnableCriticalPointsClicking(int bEnable);
 
     /// Shows the crossings of the cloud-point curve with itself, or hides them. They are found once for a
-    /// diagram.
+    /// binodal section.
     void ToggleMultiphasePoints();
     int AreMultiphasePointsVisible();
     /// Shows a data rectangle only, or (ShowWhole) the whole diagram again. Does not paint.
@@ -376,8 +378,11 @@ private:
     template <class DIALOG>
     void DestroyReadOut(std::unique_ptr<DIALOG>& pDialog);
     CMultipartTable* GetSection() const;
+    void FindMultiphasePoints();
+    void ForgetReadOut();
     void ShowReadOut(tessara::CReadOutDialog* pDialog, bool bShow, DWORD nFlags);
     void ListPoint(double dX, double dY);
+    std::array<tessara::CPointReadOut*, 2> GetPointReadOuts() const;
     tessara::CPointReadOutSource GetReadOutSource() const;
     void ListElement(int nElement, double dX, double dY);
     std::unique_ptr<CTable> FindElementRow(int nElement, double dX, double dY) const;
@@ -385,6 +390,10 @@ private:
     void InvalidateParent();
     bool IsPointShown(double dX, double dY) const;
 
+    bool m_bCloudPointCurveOfSection = false; ///< it is made from m_pBinodalSection, which lives as long
+    bool m_bShadowCurveOfSection = false;
+    bool m_bMarkOutdated =
+        false; ///< the mark on the screen is that of former data, and goes with the next paint
     std::unique_ptr<tessara::CCurveTrace> m_pCloudPointTrace; ///< what the last paint found of each curve
     std::unique_ptr<tessara::CCurveTrace> m_pShadowTrace;
     std::unique_ptr<tessara::CCurveTrace> m_pSpinodalTrace;

@@ -198,7 +198,8 @@ void CPhaseDiagramOutput::DrawGrids(const CCanvas& canvas, CMetaFileDC* pMetaDC)
 }
 
 void CPhaseDiagramOutput::DrawHorizontalGrid(CDC* pDC, CMetaFileDC* pMetaDC) {
-    tessara::DrawHorizontalGrid(CCanvas(pDC, pMetaDC), GetPlotArea(), m_AbscissaScale);
+    tessara::DrawHorizontalGrid(CCanvas(pDC, pMetaDC), GetPlotArea(), m_AbscissaScale,
+                                tessara::LineTruncation::way);
 }
 
 void CPhaseDiagramOutput::DrawVerticalGrid(CDC* pDC, CMetaFileDC* pMetaDC) {

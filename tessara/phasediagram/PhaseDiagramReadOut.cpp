@@ -1,3 +1,5 @@
+#include <array>
+
 #include "tessara/phasediagram/CrossSectionDialog.h"
 #include "tessara/phasediagram/ElementColors.h"
 #include "tessara/phasediagram/NearestRow.h"
@@ -113,9 +115,28 @@ void CPhaseDiagramOutput::ShowReadOut(tessara::CReadOutDialog* pDialog, bool bSh
     }
 }
 
-/// After Reset the table may have gone.
+/// A table that no curve is made from any more may have gone.
 CMultipartTable* CPhaseDiagramOutput::GetSection() const {
-    return m_pCloudPointCurve || m_pShadowCurve ? m_pBinodalSection : nullptr;
+    return m_bCloudPointCurveOfSection || m_bShadowCurveOfSection ? m_pBinodalSection : nullptr;
+}
+
+/// Values of former data leave the windows at once. The mark stays on the screen, beside the picture that it
+/// belongs to, until that is painted anew.
+void CPhaseDiagramOutput::ForgetReadOut() {
+    for (tessara::CPointReadOut* const pDialog : GetPointReadOuts()) {
+        if (pDialog) {
+            pDialog->Clear();
+        }
+    }
+    m_ElementValueLines.RemoveAll();
+    if (m_pExtendedGetValueDialog) {
+        m_pExtendedGetValueDialog->ShowLines(m_ElementValueLines);
+    }
+    m_bMarkOutdated = (m_nFlags & MF_MARKSHOWN) != 0;
+}
+
+std::array<tessara::CPointReadOut*, 2> CPhaseDiagramOutput::GetPointReadOuts() const {
+    return {m_pGetValueDialog.get(), m_pCrossSectionDialog.get()};
 }
 
 tessara::CPointReadOutSource CPhaseDiagramOutput::GetReadOutSource() const {
@@ -128,11 +149,12 @@ void CPhaseDiagramOutput::ListPoint(double dX, double dY) {
     EPointReadOut eReadOut = EPointReadOut::coordinates;
     if (IsCloudPointCurveSelected()) {
         eReadOut = m_bMultiphasePointsVisible ? EPointReadOut::multiphasePoint : EPointReadOut::cloudPoint;
+    } else if (m_bMultiphasePointsVisible && m_crSelected == tessara::FOUND_MULTIPHASE_POINT_COLOR) {
+        eReadOut = EPointReadOut::multiphasePoint; // its dot covers the curve just where one asks
     } else if (m_bCriticalPointsClicking && m_crSelected == tessara::CRITICAL_POINT_COLOR) {
         eReadOut = EPointReadOut::criticalPoint;
     }
-    tessara::CPointReadOut* const dialogs[] = {m_pGetValueDialog.get(), m_pCrossSectionDialog.get()};
-    for (tessara::CPointReadOut* const pDialog : dialogs) {
+    for (tessara::CPointReadOut* const pDialog : GetPointReadOuts()) {
         if (pDialog) {
             pDialog->SetValues(dX, dY, eReadOut, GetReadOutSource());
         }
@@ -186,16 +208,19 @@ std::unique_ptr<CTable> CPhaseDiagramOutput::FindElementRow(int nElement, double
     }
 }
 
-/// The receiver is told the cloud-point abscissa also where the shadow curve's was held.
+/// The receiver is told the cloud-point abscissa also where the shadow curve's was held. A shadow curve that
+/// stayed when the table was replaced may have columns that this one lacks.
 int CPhaseDiagramOutput::RequestCrossSection(int bAtAbscissa) {
-    if ((!IsCloudPointCurveSelected() && !IsShadowCurveSelected()) || !GetSection()) {
-        return 0;
-    }
+    CMultipartTable* const pTable = GetSection();
     const tessara::CColumnPair columns = IsCloudPointCurveSelected() ? m_CloudPointColumns : m_ShadowColumns;
     const int nHeld = bAtAbscissa ? columns.nX : columns.nY;
-    std::unique_ptr<CTable> pSection(GetSection()->Value(nHeld, bAtAbscissa ? m_dMarkX : m_dMarkY));
+    if ((!IsCloudPointCurveSelected() && !IsShadowCurveSelected()) || !pTable ||
+        nHeld >= pTable->m_nDimensions) {
+        return 0;
+    }
+    std::unique_ptr<CTable> pSection(pTable->Value(nHeld, bAtAbscissa ? m_dMarkX : m_dMarkY));
     if (!pSection) {
-        pSection = std::make_unique<CTable>(GetSection()->m_nDimensions);
+        pSection = std::make_unique<CTable>(pTable->m_nDimensions);
     }
     CWinThread* const pThread = AfxGetThread();
     CWnd* const pMain = pThread ? pThread->m_pMainWnd : nullptr;

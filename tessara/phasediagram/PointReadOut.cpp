@@ -55,6 +55,11 @@ void CPointReadOut::SetValues(double dX, double dY, EPointReadOut eReadOut,
     ShowLines(m_lines);
 }
 
+void CPointReadOut::Clear() {
+    m_lines.RemoveAll();
+    ShowLines(m_lines);
+}
+
 /// A section may have no further column, or no value there.
 void CPointReadOut::AddNearestValue(double dX, double dY, const CPointReadOutSource& source) {
     CMultipartTable* const pSection = source.pBinodalSection;

@@ -36,6 +36,7 @@ public:
     /// Lists a point. Without symbols, which come when the window is shown, there are no lines for the
     /// coordinates.
     void SetValues(double dX, double dY, EPointReadOut eReadOut, const CPointReadOutSource& source);
+    void Clear();
 
 private:
     void AddNearestValue(double dX, double dY, const CPointReadOutSource& source);

@@ -1,5 +1,7 @@
 #include "tessara/phasediagram/ReadOutDialog.h"
 
+#include <algorithm>
+
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/ui/ListBox.h"
 #include "tessara/platform/ui/System.h"
@@ -44,12 +46,78 @@ void CReadOutDialog::ShowLines(const CStringArray& lines) {
 
 BOOL CReadOutDialog::OnInitDialog() {
     CDialog::OnInitDialog();
+    RememberPlaces();
+    PutInCorner();
+    return TRUE;
+}
+
+void CReadOutDialog::PutInCorner() {
     CRect window;
     GetWindowRect(&window);
     SetWindowPos(nullptr, GetSystemMetrics(SM_CXFULLSCREEN) - CORNER_GAP - window.Width(),
                  GetSystemMetrics(SM_CYFULLSCREEN) - CORNER_GAP - window.Height(), 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER);
-    return TRUE;
+}
+
+/// The desktop puts a frame around a window when it shows it, to the right and below the place that the
+/// program chose.
+void CReadOutDialog::PutInCornerOnceFramed() {
+    CRect window;
+    CRect client;
+    GetWindowRect(&window);
+    GetClientRect(&client);
+    if (!m_bFramed && window.Size() != client.Size()) {
+        m_bFramed = true; // from now on the user moves it
+        PutInCorner();
+    }
+}
+
+void CReadOutDialog::OnMove(int nX, int nY) {
+    CDialog::OnMove(nX, nY);
+    PutInCornerOnceFramed();
+}
+
+void CReadOutDialog::OnActivate(UINT nState, CWnd* pOther, BOOL bMinimized) {
+    CDialog::OnActivate(nState, pOther, bMinimized);
+    PutInCornerOnceFramed();
+}
+
+void CReadOutDialog::RememberPlaces() {
+    CRect client;
+    GetClientRect(&client);
+    m_size = client.Size();
+    POINT origin{0, 0};
+    ClientToScreen(&origin);
+    for (const int nID : {static_cast<int>(IDC_STATIC), IDC_LINES, static_cast<int>(IDOK)}) {
+        if (const CWnd* const pControl = GetDlgItem(nID)) {
+            CRect place;
+            pControl->GetWindowRect(&place);
+            place.OffsetRect(-origin.x, -origin.y);
+            m_placed.push_back({nID, place});
+            m_list = nID == IDC_LINES ? place : m_list;
+        }
+    }
+}
+
+/// All controls become wider; the list takes the height, and what is below it moves.
+void CReadOutDialog::OnSize(UINT nType, int nWidth, int nHeight) {
+    CDialog::OnSize(nType, nWidth, nHeight);
+    if (nType == SIZE_MINIMIZED) {
+        return;
+    }
+    const int nWider = nWidth - m_size.cx;
+    const int nHigher = std::max<int>(nHeight - m_size.cy, -m_list.Height());
+    for (const CPlacedControl& control : m_placed) {
+        CWnd* const pControl = GetDlgItem(control.nID);
+        if (!pControl) {
+            continue;
+        }
+        const CRect& place = control.place;
+        const int nLower = place.top > m_list.top ? nHigher : 0;
+        const int nTaller = control.nID == IDC_LINES ? nHigher : 0;
+        pControl->MoveWindow(place.left, place.top + nLower, std::max(0, place.Width() + nWider),
+                             place.Height() + nTaller);
+    }
 }
 
 void CReadOutDialog::OnCancel() {
@@ -81,6 +149,9 @@ void CReadOutDialog::OnDrawItem(int nID, LPDRAWITEMSTRUCT pDraw) {
 
 BEGIN_MESSAGE_MAP(CReadOutDialog, CDialog)
 ON_WM_SHOWWINDOW()
+ON_WM_ACTIVATE()
+ON_WM_MOVE()
+ON_WM_SIZE()
 ON_WM_MEASUREITEM()
 ON_WM_DRAWITEM()
 END_MESSAGE_MAP()

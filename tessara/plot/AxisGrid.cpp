@@ -18,13 +18,16 @@ constexpr int LEFT_LABEL = 120;
 
 } // namespace
 
-void DrawHorizontalGrid(const CCanvas& canvas, const CPlotArea& area, const CHOOSESCALE& scale) {
+void DrawHorizontalGrid(const CCanvas& canvas, const CPlotArea& area, const CHOOSESCALE& scale,
+                        LineTruncation eTruncation) {
     const CTickWalk walk(scale);
     for (int i = 0; i < walk.GetCount(); ++i) {
         const CTick tick = walk.At(i);
         if (IsOnAxis(tick.dFraction)) {
             const int nStart = i == 0 ? area.nLeft - CPlotArea::FRAME_MARGIN : area.nLeft;
-            const int nX = ToCoordinate(nStart + area.nWidth * tick.dFraction);
+            const double dWay = area.nWidth * tick.dFraction;
+            const int nX = eTruncation == LineTruncation::sum ? ToCoordinate(nStart + dWay)
+                                                              : nStart + ToCoordinate(dWay);
             canvas.Line(nX, area.nTop - CPlotArea::FRAME_MARGIN, nX, area.Bottom() + BELOW_LABEL);
         }
         if (IsOnAxis(tick.dMinorFraction)) {

@@ -19,11 +19,20 @@ public:
     /// The edge that heights are reckoned from; it decides how they round.
     enum class Base { top, bottom };
 
-    CPlotMap(const RECT& rcFrame, const CHOOSESCALE& scaleX, const CHOOSESCALE& scaleY,
-             Base eBase = Base::top)
-        : m_frame(rcFrame), m_x(scaleX), m_y(scaleY), m_eBase(eBase) {}
+    /// What an abscissa's way into the frame is reckoned by, which decides how it rounds: the fraction of the
+    /// axis, or the product of width and distance, then divided by the axis' span.
+    enum class Way { fraction, product };
 
-    int MapX(double dX) const { return ToCoordinate(m_frame.left + m_frame.Width() * m_x.Fraction(dX)); }
+    CPlotMap(const RECT& rcFrame, const CHOOSESCALE& scaleX, const CHOOSESCALE& scaleY,
+             Base eBase = Base::top, Way eWay = Way::fraction)
+        : m_frame(rcFrame), m_x(scaleX), m_y(scaleY), m_eBase(eBase),
+          m_eWay(m_x.CanMultiply(m_frame.Width()) ? eWay : Way::fraction) {}
+
+    int MapX(double dX) const {
+        const double dWay = m_eWay == Way::product ? m_frame.Width() * (dX - m_x.dLower) / m_x.dSpan
+                                                   : m_frame.Width() * m_x.Fraction(dX);
+        return ToCoordinate(m_frame.left + dWay);
+    }
     int MapY(double dY) const {
         const double dFraction = m_y.Fraction(dY);
         return m_eBase == Base::top ? ToCoordinate(m_frame.top + m_frame.Height() * (1 - dFraction))
@@ -51,6 +60,8 @@ private:
     struct CAxis {
         explicit CAxis(const CHOOSESCALE& scale) : dLower(scale.dLower), dSpan(scale.dUpper - scale.dLower) {}
         double Fraction(double dValue) const { return dSpan != 0 ? (dValue - dLower) / dSpan : 0.5; }
+        /// Whether the axis has an extent and its product with a length is finite.
+        bool CanMultiply(int nLength) const { return dSpan != 0 && std::isfinite(dSpan * nLength); }
 
         friend bool operator==(const CAxis&, const CAxis&) = default;
 
@@ -62,6 +73,7 @@ private:
     CAxis m_x;
     CAxis m_y;
     Base m_eBase;
+    Way m_eWay;
 };
 
 /// True when a point has a place: neither value is infinite or not a number.

@@ -34,11 +34,46 @@ TEST_F(DiagramInteraction, ThePhasesOfAFoundMultiphasePointAreListed) {
     m_window.RedrawWindow();
     ASSERT_EQ(Plot().m_pFoundMultiphasePoints->m_nParts, 1);
     Plot().ShowGetValue(1);
-    Click(GREEN);
-    const auto lines = LinesOf(GET_VALUE, LINES);
-    ASSERT_EQ(lines.size(), 2U + static_cast<std::size_t>(Plot().m_pFoundMultiphasePoints->m_nPoints));
-    EXPECT_EQ(lines[2].rfind("F~G'~N1~L = 0.592", 0), 0U) << lines[2];
-    EXPECT_EQ(lines[3].rfind("F~G'~N2~L = 0.207", 0), 0U) << lines[3];
+    for (const DWORD color :
+         {GREEN, FOUND}) { // the curve, and the point that covers it where it crosses itself
+        Click(color);
+        const auto lines = LinesOf(GET_VALUE, LINES);
+        ASSERT_EQ(lines.size(), 2U + static_cast<std::size_t>(Plot().m_pFoundMultiphasePoints->m_nPoints));
+        EXPECT_EQ(lines[2].rfind("F~G'~N1~L = 0.592", 0), 0U) << lines[2];
+        EXPECT_EQ(lines[3].rfind("F~G'~N2~L = 0.207", 0), 0U) << lines[3];
+    }
+    Plot().ToggleMultiphasePoints();
+    Plot().PickPoint(5, 5,
+                     MAGENTA); // nothing that can be picked: what was picked before, which is hidden now
+    EXPECT_EQ(LinesOf(GET_VALUE, LINES).size(), 2U);
+}
+
+TEST_F(DiagramInteraction, FoundPointsAreThoseOfTheSectionThatIsShown) {
+    Plot().ShowGetValue(1);
+    CMultipartTable wide(60);
+    CTable rows(60);
+    rows.Allocate(4);
+    const double corners[4][2] = {{1, 1}, {3, 3}, {3, 1}, {1, 3}}; // a cross at (2, 2)
+    for (int i = 0; i < 4; ++i) {
+        for (int j = 0; j < 60; ++j) {
+            rows.m_ppData[j][i] = j == 57 ? corners[i][0] : j == 58 ? corners[i][1] : i;
+        }
+    }
+    wide.AddTable(&rows, 0, -1);
+    Plot().ToggleMultiphasePoints();
+    Plot().SetBinodalSection(57, 59, 58, &wide, 0);
+    m_window.RedrawWindow();
+    Click(FOUND);
+    EXPECT_NEAR(Plot().m_dMarkX, 2, 0.2);
+    EXPECT_EQ(LinesOf(GET_VALUE, LINES).size(), 4U);
+    Plot().SetBinodalSection(0, -1, 1, &m_section, 0); // its shadow curve stays that of the wide table
+    m_window.RedrawWindow();
+    Plot().m_crSelected = MAGENTA;
+    EXPECT_EQ(Plot().RequestCrossSection(1), 0);
+    EXPECT_EQ(Plot().RequestCrossSection(0), 0);
+    Click(FOUND);
+    EXPECT_NEAR(Plot().m_dMarkX, 5.31, 0.2);
+    Plot().Reset();
 }
 
 TEST_F(DiagramInteraction, TheExtendedWindowListsTheFormatsOfThePickedElement) {

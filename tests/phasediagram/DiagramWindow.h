@@ -29,6 +29,9 @@ public:
     using CPhaseDiagramOutput::DrawZoomTrackingRect;
     using CPhaseDiagramOutput::m_crSelected;
     using CPhaseDiagramOutput::m_ElementValueLines;
+    using CPhaseDiagramOutput::SetCloudPointCurve;
+    using CPhaseDiagramOutput::SetShadowCurve;
+    using CPhaseDiagramOutput::SetSpinodal;
 };
 
 class CDiagramWindow : public CPlotWindow<CMousePlot> {

@@ -61,6 +61,18 @@ bool Fits(const CLabelWidget& label, QSizeF room) {
     return bounds.width() <= inner.width() && bounds.height() <= inner.height();
 }
 
+/// The width that a dialog's frame asks for: the caption in bold, as many desktops write it, between buttons.
+int CaptionNeed(const QWidget& dialog, const CDialogTemplate& resource) {
+    constexpr int BUTTONS = 6; ///< each as wide as a line is high; some are margins
+    if ((resource.dwStyle & WS_CAPTION) != WS_CAPTION) {
+        return 0;
+    }
+    QFont bold = dialog.font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    return metrics.horizontalAdvance(dialog.windowTitle()) + BUTTONS * metrics.height();
+}
+
 /// Places a control, also its inner parts while it is hidden: programs ask for the client area before the
 /// dialog is shown.
 void SetGeometry(QWidget& widget, const QRect& place) {
@@ -86,6 +98,7 @@ CDialogLayout::CDialogLayout(QWidget& dialog, const CDialogTemplate& resource,
         const CDialogItem& item = resource.items[i];
         m_controls.push_back({controls[i], QRect(item.x, item.y, item.cx, item.cy), QRect()});
     }
+    m_dWide = std::max(m_dWide, Growth(CaptionNeed(dialog, resource), m_units.width() * m_unit.width()));
     Grow();
     Place();
 }

@@ -9,8 +9,8 @@
 namespace tessara {
 
 /// Where a dialog's controls are. Their template says it in dialog units; a unit is as large as the dialog's
-/// font asks for, and larger, in the whole dialog, when a text would not fit. The dialog grows and never
-/// shrinks; what the program has placed otherwise stays there.
+/// font asks for, and larger, in the whole dialog, when a text or the caption would not fit. The dialog grows
+/// and never shrinks; what the program has placed otherwise stays there.
 class CDialogLayout {
 public:
     CDialogLayout(QWidget& dialog, const CDialogTemplate& resource, const std::vector<QWidget*>& controls);

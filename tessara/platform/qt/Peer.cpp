@@ -317,6 +317,11 @@ bool CPeer::OnWindowEvent(QEvent& event) {
             Tell(m_hWnd, WM_SHOWWINDOW, event.type() == QEvent::Show);
         }
         return false;
+    case QEvent::Move: {
+        const QPoint place = static_cast<const QMoveEvent&>(event).pos();
+        Tell(m_hWnd, WM_MOVE, 0, PackPoint(place, GetRatio()));
+        return false;
+    }
     case QEvent::FocusIn:
     case QEvent::FocusOut:
         Tell(m_hWnd, event.type() == QEvent::FocusIn ? WM_SETFOCUS : WM_KILLFOCUS);
