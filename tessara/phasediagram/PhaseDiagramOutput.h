@@ -189,6 +189,10 @@ public:
     // AddFormatString, Cross Section asks for a section (WM_CROSSSECTION). Destroy them before the window
     // that shows the diagram; what is left goes with the diagram. Without a window its operations do nothing
     // more than keep the diagram's own state.
+    //
+    // Setting elements, and Reset, empty the windows; the mark stays until the next paint on the screen.
+    // While found multiphase points are shown, a click on one lists its phases, as one on the cloud-point
+    // curve does.
 
     /// Each makes a hidden window for the window that shows the diagram.
     void CreateGetValue(CWnd* pParent);
@@ -392,8 +396,7 @@ private:
 
     bool m_bCloudPointCurveOfSection = false; ///< it is made from m_pBinodalSection, which lives as long
     bool m_bShadowCurveOfSection = false;
-    bool m_bMarkOutdated =
-        false; ///< the mark on the screen is that of former data, and goes with the next paint
+    bool m_bMarkOutdated = false; ///< the mark is that of former data, and goes with the next paint
     std::unique_ptr<tessara::CCurveTrace> m_pCloudPointTrace; ///< what the last paint found of each curve
     std::unique_ptr<tessara::CCurveTrace> m_pShadowTrace;
     std::unique_ptr<tessara::CCurveTrace> m_pSpinodalTrace;

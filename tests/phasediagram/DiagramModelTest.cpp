@@ -43,6 +43,8 @@ TEST_F(DiagramModel, LabelsNameTheBranchesThatAreThere) {
     std::array<double, 1> x{0.5};
     m_diagram.SetMultiphasePoints(1, x.data(), x.data());
     m_diagram.SetLifshitzPoints(1, x.data(), x.data());
+    m_diagram.FillLabelsArray(); // what is shown is what was set, before it is painted too
+    EXPECT_EQ(m_diagram.m_CurveLabels.GetSize(), 10);
     m_diagram.PaintLogged();
     EXPECT_THAT(m_diagram.Labels(m_diagram.m_CurveLabels),
                 ElementsAre("Spinodal curve", "(nontrivial branch)", "Cloud-point curve", "(physical)",
