@@ -144,8 +144,9 @@ TEST_F(ReadOutWindows, TheirFrameLiesInTheScreensCorner) {
         const QRect frame = dialog.frameGeometry();
         ASSERT_NE(frame, dialog.geometry()); // the tests' screen puts a frame around windows
         const QSize screen = dialog.screen()->availableSize();
-        EXPECT_EQ(frame.x() + frame.width(), screen.width() - 10) << nTemplate;
-        EXPECT_EQ(frame.y() + frame.height(), screen.height() - 10) << nTemplate;
+        const int nGap = static_cast<int>(10 / dialog.devicePixelRatio());
+        EXPECT_EQ(frame.x() + frame.width(), screen.width() - nGap) << nTemplate;
+        EXPECT_EQ(frame.y() + frame.height(), screen.height() - nGap) << nTemplate;
         dialog.move(30, 40); // where the user wants it
         QApplication::processEvents();
         dialog.hide();
