@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "tessara/platform/files/File.h"
+#include "tessara/platform/files/ReplacementFile.h"
 #include "tessara/plot/Page.h"
 
 namespace tessara {
@@ -83,8 +83,8 @@ int ExportPlaceable(CDC& dc, const RECT& rcClient, const char* pszFileName,
     const CPicturePtr pPicture(picture.Close());
     const std::vector<BYTE> bytes = ReadBits(pPicture.get());
 
-    CFile file;
-    if (!file.Open(pszFileName, CFile::modeCreate | CFile::modeWrite | CFile::typeBinary)) {
+    CReplacementFile file;
+    if (!file.Open(pszFileName)) {
         return 0;
     }
     file.Write(header.data(), static_cast<UINT>(header.size()));

@@ -20,7 +20,7 @@ TESSARA_API int GetPageUnitsPerInch(CDC& dc, RECT rcClient);
 
 /// Records what a renderer paints on the surface and the picture it is handed, and writes it to a file.
 /// Returns 1 when the file was written, 0 when the picture could not be recorded or the file not be opened.
-/// Throws CFileException when writing fails.
+/// Throws CFileException when writing fails. Whatever fails, the file is as it was.
 TESSARA_API int ExportPlaceable(CDC& dc, const RECT& rcClient, const char* pszFileName,
                                 const std::function<void(CMetaFileDC& picture)>& paint);
 

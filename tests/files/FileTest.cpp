@@ -1,5 +1,6 @@
 #include "tessara/platform/files/File.h"
 
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <functional>
@@ -91,6 +92,17 @@ TEST_F(File, EveryFailureHasItsCauseAndChangesNothing) {
     memory.Seek(INT64_MAX, CFile::begin);
     EXPECT_THROW(memory.Write("x", 1), CMemoryException);
     EXPECT_EQ(Content(memory), "abc");
+}
+
+TEST_F(File, FailuresThatShareACauseSayWhichTheyAre) {
+    const std::pair<int, std::string> cases[] = {
+        {ENOENT, "no such file"},      {ENOTDIR, "no such folder"},
+        {EACCES, "permission denied"}, {ENOSPC, "no space left on the disk"},
+        {EISDIR, "Is a directory"},    {ELOOP, "Too many levels of symbolic links"},
+        {EIO, "Input/output error"},   {EROFS, "Read-only file system"}};
+    for (const auto& [nErrno, strReason] : cases) {
+        EXPECT_EQ(CFileException::FromErrno(nErrno, "a").what(), "a: " + strReason);
+    }
 }
 
 TEST_F(File, AWriteThatStopsHalfWayIsAFullDiskReportedOnceAndNotByADestructor) {

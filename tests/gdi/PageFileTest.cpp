@@ -1,4 +1,5 @@
 #include <cmath>
+#include <sys/stat.h>
 
 #include <QPainter>
 #include <QSvgRenderer>
@@ -58,8 +59,8 @@ TYPED_TEST(PageFile, ThrowsForImpossibleSizesAndWhenItCannotBeWritten) {
         EXPECT_THROW(TypeParam("file", 100, dSize), CInvalidArgException) << dSize;
     }
     const CFolder folder;
-    for (const std::string& strPath :
-         {folder.Path("missing/file"), folder.Path(""), std::string("/dev/full")}) {
+    ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
+    for (const std::string& strPath : {folder.Path("missing/file"), folder.Path(""), folder.Path("pipe")}) {
         TypeParam dc(strPath.c_str(), 50, 50);
         DrawSample(dc, "Sample");
         EXPECT_THROW(dc.Close(), CFileException) << strPath;

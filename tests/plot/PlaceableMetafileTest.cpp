@@ -1,9 +1,14 @@
 #include "tessara/plot/PlaceableMetafile.h"
 
+#include <csignal>
+#include <sys/resource.h>
+
 #include <gtest/gtest.h>
 
+#include "tessara/platform/base/Exception.h"
 #include "tessara/platform/gdi/ImageDC.h"
 #include "tessara/plot/Page.h"
+#include "tests/cli/Folder.h"
 
 namespace {
 
@@ -17,6 +22,24 @@ TEST(PlaceableMetafile, HeaderHoldsKeyBoxUnitsAndChecksum) {
         0x00, 0x00, 0x00, 0x00, // reserved
         0x91, 0x4C};            // 480 xor 0x4D71
     EXPECT_EQ(tessara::MakePlaceableHeader(480), EXPECTED);
+}
+
+TEST(PlaceableMetafile, ThatDoesNotFitOnTheDiskLeavesTheOldFile) {
+    const CFolder folder;
+    const std::string strPath = folder.Write("a.wmf", "old");
+    CImageDC image(100, 72);
+    const auto paint = [](CMetaFileDC& picture) { picture.Rectangle(0, 0, 10, 10); };
+    rlimit before;
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto pfnPrevious = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{30, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_THROW(tessara::ExportPlaceable(image, image.GetClientRect(), strPath.c_str(), paint),
+                 CFileException);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, pfnPrevious);
+    EXPECT_EQ(folder.Read("a.wmf"), "old");
+    EXPECT_EQ(folder.List().size(), 1U);
 }
 
 TEST(Page, FillsTheClientRectangleInOneDirectionAndIsCentredInTheOther) {

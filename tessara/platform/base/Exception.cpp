@@ -1,6 +1,8 @@
 #include "tessara/platform/base/Exception.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <iterator>
 #include <system_error>
 #include <utility>
 
@@ -27,10 +29,20 @@ const char* FileCauseText(int nCause) {
     }
 }
 
+/// Several error numbers share a cause; the cause's text is true of the usual ones alone.
+bool IsUsual(LONG lOsError) {
+    constexpr int USUAL[] = {ENOENT, ENOTDIR, EMFILE, ENFILE, EACCES, EPERM, ENOSPC};
+    return std::find(std::begin(USUAL), std::end(USUAL), lOsError) != std::end(USUAL);
+}
+
+std::string FileReason(int nCause, LONG lOsError) {
+    const bool bSystem = lOsError > 0 && (nCause == CFileException::genericException || !IsUsual(lOsError));
+    return bSystem ? std::generic_category().message(lOsError) : FileCauseText(nCause);
+}
+
 std::string FileText(int nCause, LONG lOsError, const char* pszFileName) {
-    std::string strText = pszFileName && *pszFileName ? std::string(pszFileName) + ": " : std::string();
-    const bool bSystem = nCause == CFileException::genericException && lOsError > 0;
-    return strText + (bSystem ? std::generic_category().message(lOsError) : FileCauseText(nCause));
+    const std::string strReason = FileReason(nCause, lOsError);
+    return pszFileName && *pszFileName ? std::string(pszFileName) + ": " + strReason : strReason;
 }
 
 int FileCauseFromErrno(int nErrno) {

@@ -7,21 +7,15 @@
 #include <unistd.h>
 #include <utility>
 
+#include "tessara/platform/files/Descriptor.h"
+
 IMPLEMENT_DYNAMIC(CFile, CObject)
 
 namespace {
 
-constexpr mode_t NEW_FILE_MODE = 0666; // less the process's umask
+using tessara::Uninterrupted;
 
-/// Repeats a system call while a signal interrupts it.
-template <class CALL>
-auto Uninterrupted(CALL call) {
-    auto nResult = call();
-    while (nResult < 0 && errno == EINTR) {
-        nResult = call();
-    }
-    return nResult;
-}
+constexpr mode_t NEW_FILE_MODE = 0666; // less the process's umask
 
 int SystemFlags(UINT nOpenFlags) {
     int nFlags = O_CLOEXEC;
@@ -194,8 +188,17 @@ void CFile::Throw(int nCause) const {
     AfxThrowFileException(nCause, -1, m_strPath);
 }
 
+CFileException CFile::Failure(int nErrno) const {
+    return CFileException::FromErrno(nErrno, m_strPath);
+}
+
 void CFile::ThrowErrno() const {
-    throw CFileException::FromErrno(errno, m_strPath);
+    throw Failure(errno);
+}
+
+void CFile::Attach(int nDescriptor, const char* pszFileName) {
+    m_strPath = AbsolutePath(pszFileName);
+    m_nDescriptor = nDescriptor;
 }
 
 int CFile::Descriptor() const {

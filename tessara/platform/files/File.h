@@ -87,10 +87,15 @@ public:
 
 protected:
     [[noreturn]] void Throw(int nCause) const;
+    /// What is thrown when the system refuses an operation on the file.
+    virtual CFileException Failure(int nErrno) const;
+    /// Takes over an open descriptor, as if the file had been opened on that path. REQUIRES: closed.
+    void Attach(int nDescriptor, const char* pszFileName);
+    /// Throws invalidFile when the file is closed.
+    int Descriptor() const;
 
 private:
     [[noreturn]] void ThrowErrno() const;
-    int Descriptor() const;
     void OpenDescriptor(const char* pszFileName, UINT nOpenFlags);
 
     int m_nDescriptor = -1;

@@ -1,118 +1,96 @@
 #include "tessara/platform/files/ReplacementFile.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstdlib>
-#include <fcntl.h>
-#include <memory>
-#include <sys/stat.h>
-#include <unistd.h>
-#include <vector>
+#include <system_error>
+
+#include "tessara/platform/files/Protection.h"
+#include "tessara/platform/files/ReplacementTarget.h"
+#include "tessara/platform/files/UnfinishedFile.h"
 
 namespace tessara {
 
 namespace {
 
-constexpr mode_t PERMISSIONS = 07777;
-
-/// Where a path leads to through symbolic links; the path itself when there is nothing yet.
-CString Followed(const char* pszPath) {
-    const std::unique_ptr<char, decltype(&std::free)> pszReal(realpath(pszPath, nullptr), &std::free);
-    return pszReal ? CString(pszReal.get()) : CString(pszPath);
-}
-
-CString FolderOf(const CString& strPath) {
-    const int nSlash = strPath.ReverseFind('/');
-    return nSlash < 0 ? CString("./") : strPath.Left(nSlash + 1);
-}
-
-/// The permissions that the new file gets: the old one's, or what the process gives to new files.
-mode_t PermissionsOf(const CString& strTarget) {
-    struct stat status;
-    if (stat(strTarget, &status) == 0) {
-        return status.st_mode & PERMISSIONS;
-    }
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
-}
-
-/// A new, empty file beside the target; its path. A target that may not be written is not replaced either.
-CString MakeBeside(const CString& strTarget) {
-    if (access(strTarget, W_OK) != 0 && errno != ENOENT) {
-        throw CFileException::FromErrno(errno, strTarget);
-    }
-    const std::string strPattern = std::string(FolderOf(strTarget).View()) + ".tessara-XXXXXX";
-    std::vector<char> path(strPattern.c_str(), strPattern.c_str() + strPattern.size() + 1);
-    const int nFile = mkostemp(path.data(), O_CLOEXEC);
-    if (nFile < 0 || fchmod(nFile, PermissionsOf(strTarget)) != 0) {
-        const int nError = errno;
-        if (nFile >= 0) {
-            close(nFile);
-            unlink(path.data());
-        }
-        throw CFileException::FromErrno(nError, strTarget);
-    }
-    close(nFile);
-    return {path.data()};
-}
-
-/// Makes a renaming durable. A file system that cannot do so for folders has nothing to wait for.
-void SyncFolder(const CString& strFolder, const CString& strTarget) {
-    const int nFolder = open(strFolder, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (nFolder < 0) {
-        return;
-    }
-    const int nError = fsync(nFolder) == 0 || errno == EINVAL || errno == EROFS ? 0 : errno;
-    close(nFolder);
-    if (nError) {
-        throw CFileException::FromErrno(nError, strTarget);
-    }
-}
+constexpr mode_t NEW_FILE_MODE = 0666; // less the process's umask
+constexpr mode_t PRIVATE_MODE = 0600;  // until it has got the old file's
 
 } // namespace
 
-CReplacementFile::CReplacementFile(const char* pszTarget)
-    : m_strTarget(Followed(pszTarget)), m_strWritten(MakeBeside(m_strTarget)) {
-    CFileException error;
-    if (!Open(m_strWritten, modeReadWrite, &error)) {
-        RemoveWritten();
-        throw CFileException(error);
-    }
+CReplacementFile::CReplacementFile() = default;
+
+CReplacementFile::CReplacementFile(const char* pszTarget) {
+    Begin(pszTarget);
 }
 
 CReplacementFile::~CReplacementFile() {
     CReplacementFile::Abort();
 }
 
+BOOL CReplacementFile::Open(const char* pszTarget, UINT, CFileException* pError) {
+    try {
+        CReplacementFile::Abort();
+        Begin(pszTarget);
+        return TRUE;
+    } catch (const CFileException& error) {
+        if (pError) {
+            *pError = error;
+        }
+        return FALSE;
+    }
+}
+
+void CReplacementFile::Begin(const char* pszTarget) {
+    auto pTarget = std::make_unique<CReplacementTarget>(pszTarget);
+    const auto existing = pTarget->CheckedFile();
+    RemoveStrays(pTarget->GetFolder());
+    auto pUnfinished = std::make_unique<CUnfinishedFile>(*pTarget, existing ? PRIVATE_MODE : NEW_FILE_MODE);
+    if (existing) {
+        const int nError = CopyProtection(pTarget->GetEnd(), *existing, pUnfinished->GetDescriptor());
+        if (nError) {
+            throw pTarget->Failure(nError);
+        }
+    }
+    Attach(pUnfinished->ReleaseDescriptor(), pszTarget);
+    m_pUnfinished = std::move(pUnfinished);
+    m_pTarget = std::move(pTarget);
+}
+
 void CReplacementFile::Close() {
-    if (m_strWritten.IsEmpty()) {
+    if (!m_pTarget) {
         return;
     }
     try {
-        Flush();
-        CFile::Close();
-        if (rename(m_strWritten, m_strTarget) != 0) {
-            throw CFileException::FromErrno(errno, m_strTarget);
-        }
+        PutInPlace();
     } catch (...) {
         Abort();
         throw;
     }
-    m_strWritten.Empty();
-    SyncFolder(FolderOf(m_strTarget), m_strTarget);
+    Abort();
+}
+
+/// The file is closed after the renaming, which its lock guards; there is nothing to lose with it any more.
+void CReplacementFile::PutInPlace() {
+    Flush();
+    m_pTarget->CheckedFile(); // a folder or a link may have come there meanwhile
+    m_pUnfinished->PutInPlace();
+    if (const int nError = m_pTarget->Sync(Descriptor())) {
+        throw m_pTarget->Failure(CFileException::hardIO,
+                                 "the new content is in place, but may be lost with the power: " +
+                                     std::generic_category().message(nError));
+    }
 }
 
 void CReplacementFile::Abort() {
+    m_pUnfinished.reset(); // while it is locked
     CFile::Abort();
-    RemoveWritten();
+    m_pTarget.reset();
 }
 
-void CReplacementFile::RemoveWritten() {
-    if (!m_strWritten.IsEmpty()) {
-        unlink(m_strWritten);
-        m_strWritten.Empty();
-    }
+CFileException CReplacementFile::Failure(int nErrno) const {
+    return m_pTarget ? m_pTarget->Failure(nErrno) : CFile::Failure(nErrno);
+}
+
+void CReplacementFile::RemoveUnfinished() noexcept {
+    CUnfinishedFile::RemoveAll();
 }
 
 } // namespace tessara

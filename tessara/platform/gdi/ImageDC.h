@@ -43,6 +43,6 @@ public:
     ///     const auto* const pRow = reinterpret_cast<const std::byte*>(pixels.pFirst) + y * pixels.nStride;
     IMAGEPIXELS GetPixels() const;
     /// Writes the image as PNG, with its resolution; as a palette image when it has at most 256 colours.
-    /// Throws CFileException; the file may then be incomplete.
+    /// Throws CFileException; the file is then as it was.
     void SavePng(const char* pszPath) const;
 };

@@ -20,7 +20,8 @@ public:
     ~CPdfDC() override;
 
     RECT GetClientRect() const; ///< the whole page in device units (1200 per inch)
-    /// Finishes the page and writes the file. Throws CFileException. Further drawing does nothing.
+    /// Finishes the page and writes the file. Throws CFileException; the file is then as it
+    /// was. Further drawing does nothing.
     void Close();
 
 private:

@@ -19,7 +19,8 @@ public:
     ~CSvgDC() override;
 
     RECT GetClientRect() const; ///< the whole picture in device units (1200 per inch)
-    /// Finishes the picture and writes the file. Throws CFileException. Further drawing does nothing.
+    /// Finishes the picture and writes the file. Throws CFileException; the file is then as it
+    /// was. Further drawing does nothing.
     void Close();
 
 private:

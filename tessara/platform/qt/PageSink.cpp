@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "tessara/platform/base/Exception.h"
-#include "tessara/platform/files/File.h"
+#include "tessara/platform/files/ReplacementFile.h"
 
 namespace tessara {
 
@@ -25,7 +25,7 @@ CDeviceCaps PageCaps(double dWidthMm, double dHeightMm) {
 }
 
 void WriteFile(const std::string& strPath, const QByteArray& bytes) {
-    CFile file(strPath.c_str(), CFile::modeCreate | CFile::modeWrite | CFile::typeBinary);
+    CReplacementFile file(strPath.c_str());
     file.Write(bytes.constData(), static_cast<UINT>(bytes.size()));
     file.Close();
 }

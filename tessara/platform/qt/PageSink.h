@@ -37,7 +37,7 @@ public:
     }
 };
 
-/// Writes a whole file. Throws CFileException.
+/// Writes a file, which is whole or, after a CFileException, as it was.
 void WriteFile(const std::string& strPath, const QByteArray& bytes);
 
 } // namespace tessara
