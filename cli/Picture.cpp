@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "cli/InputError.h"
-#include "cli/OutputFile.h"
 #include "tessara/platform/base/Exception.h"
+#include "tessara/platform/files/ReplacementFile.h"
 #include "tessara/platform/gdi/ImageDC.h"
 #include "tessara/platform/gdi/PdfDC.h"
 #include "tessara/platform/gdi/SvgDC.h"
@@ -35,16 +35,16 @@ void DrawPage(const DRAWING& drawing, const CPictureSize& size, const char* pszP
     dc.Close();
 }
 
-void DrawWmf(const DRAWING& drawing, const CPictureSize& size, const COutputFile& output) {
+/// A renderer does not tell why it could not write; another attempt does.
+void DrawWmf(const DRAWING& drawing, const CPictureSize& size, const char* pszPath) {
     CImageDC dc(size.GetWidth(), size.GetHeight(), size.GetDotsPerInch());
-    if (!drawing.writeMetafile(dc, dc.GetClientRect(), output.GetTemporaryPath().c_str())) {
-        output.Fail(0);
+    if (!drawing.writeMetafile(dc, dc.GetClientRect(), pszPath)) {
+        const CReplacementFile attempt(pszPath);
+        throw CInputError(pszPath, 0, 0, "cannot be written");
     }
 }
 
-void DrawTo(const DRAWING& drawing, const CPictureSize& size, PictureFormat format,
-            const COutputFile& output) {
-    const char* pszPath = output.GetTemporaryPath().c_str();
+void DrawTo(const DRAWING& drawing, const CPictureSize& size, PictureFormat format, const char* pszPath) {
     switch (format) {
     case PictureFormat::Png:
         return DrawPng(drawing, size, pszPath);
@@ -53,7 +53,7 @@ void DrawTo(const DRAWING& drawing, const CPictureSize& size, PictureFormat form
     case PictureFormat::Pdf:
         return DrawPage<CPdfDC>(drawing, size, pszPath);
     case PictureFormat::Wmf:
-        return DrawWmf(drawing, size, output);
+        return DrawWmf(drawing, size, pszPath);
     }
 }
 
@@ -78,14 +78,7 @@ PictureFormat FormatOfFile(const std::string& strPath) {
 }
 
 void DrawPicture(const DRAWING& drawing, const CPictureSize& size, const std::string& strPath) {
-    const PictureFormat format = FormatOfFile(strPath);
-    COutputFile output(strPath);
-    try {
-        DrawTo(drawing, size, format, output);
-    } catch (const CFileException& error) {
-        output.Fail(error.m_lOsError); // names the target, not the temporary file
-    }
-    output.Commit();
+    DrawTo(drawing, size, FormatOfFile(strPath), strPath.c_str());
 }
 
 } // namespace tessara

@@ -21,7 +21,7 @@ struct DRAWING {
 };
 
 /// Draws a file, which is there as a whole or, after an exception, as it was before.
-/// Throws CInputError that names the file.
+/// Throws CException that names the file.
 void DrawPicture(const DRAWING& drawing, const CPictureSize& size, const std::string& strPath);
 
 /// The same for one of the library's renderers.

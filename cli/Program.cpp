@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <new>
 
+#include "cli/EndSignals.h"
 #include "cli/InputError.h"
 
 namespace tessara {
@@ -19,6 +20,7 @@ int RunProgram(const char* pszProgram, const std::function<int()>& fnRun) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     setenv("QT_LOGGING_RULES", "*.warning=false", 0);
     std::signal(SIGXFSZ, SIG_IGN); // a limit of file sizes is an error like a full disk
+    RemoveUnfinishedOnEndSignals();
     try {
         return fnRun();
     } catch (const std::bad_alloc&) {

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <utility>
 
-#include "cli/OutputFile.h"
 #include "cli/view/ViewerAboutDialog.h"
 #include "cli/view/ViewerFrame.h"
 #include "cli/view/ViewerPlacement.h"
@@ -99,14 +98,8 @@ void CViewerApp::StartForScreenshot() {
 }
 
 void CViewerApp::WriteScreenshot() const {
-    COutputFile output(m_start.strScreenshot);
-    try {
-        m_frames.front()->UpdateControls();
-        m_frames.front()->SaveImage(output.GetTemporaryPath().c_str());
-    } catch (const CFileException& error) {
-        output.Fail(static_cast<int>(error.m_lOsError));
-    }
-    output.Commit();
+    m_frames.front()->UpdateControls();
+    m_frames.front()->SaveImage(m_start.strScreenshot.c_str());
 }
 
 void CViewerApp::OnScreenshot(WPARAM, LPARAM) {

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "tests/cli/Folder.h"
+#include "tests/support/PlainUser.h"
 
 namespace {
 
@@ -41,6 +42,7 @@ COMMANDRESULT RunCommand(const std::vector<std::string>& arguments, unsigned nMa
             const rlimit limit = {nMaxFileBytes, nMaxFileBytes};
             setrlimit(RLIMIT_FSIZE, &limit);
         }
+        BecomePlainUser();
         Become(arguments);
     }
     int nStatus = 0;

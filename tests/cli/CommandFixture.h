@@ -20,6 +20,9 @@ protected:
     std::string Draw(const std::string& strArguments) const;
     /// The command says one line that contains the message, and changes no file.
     void ExpectRefused(const std::string& strArguments, const std::string& strMessage) const;
+    /// The command, given the path of a file last, says in one line which file it cannot write and why, for
+    /// each reason that there is, and changes nothing. The names of the files take the endings in turn.
+    void ExpectRefusedOutputs(const std::string& strArguments, const std::vector<std::string>& endings) const;
     /// The command draws each format whole and says nothing.
     void ExpectEachFormat(const std::string& strArguments) const;
     /// Each addition to the arguments changes the picture.

@@ -45,6 +45,10 @@ TEST_F(PlotCommand, RefusesWithOneLine) {
     }
 }
 
+TEST_F(PlotCommand, SaysWhyAPictureCannotBeWritten) {
+    ExpectRefusedOutputs("@d.txt -o", {".png", ".svg", ".pdf", ".wmf"});
+}
+
 TEST_F(PlotCommand, WritesEachFormatWholeAndNothingElse) {
     ExpectEachFormat("@d.txt --size 640x460");
     EXPECT_THAT(m_folder.Read("out.png").substr(16), StartsWith(std::string("\0\0\x02\x80\0\0\x01\xCC", 8)));

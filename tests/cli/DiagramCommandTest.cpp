@@ -25,6 +25,10 @@ TEST_F(DiagramCommand, DrawsTheExampleInEachFormat) {
     ExpectEachFormat(EXAMPLE + " --size 640x460");
 }
 
+TEST_F(DiagramCommand, SaysWhyAPictureCannotBeWritten) {
+    ExpectRefusedOutputs(EXAMPLE + " -o", {".pdf", ".wmf", ".png", ".svg"});
+}
+
 TEST_F(DiagramCommand, RefusesWithOneLine) {
     m_folder.Write("nul.json", std::string("{\0}", 3));
     m_folder.Write("bad.json",

@@ -21,11 +21,14 @@ TEST_F(ViewerCommand, RefusesWhatItCannotReadOrWriteInOneLineAndLeavesThePicture
     ExpectRefused("", "FILE is required");
     ExpectRefused("@none.txt --screenshot @out.png", "none.txt: cannot be read");
     ExpectRefused("@bad.txt --screenshot @out.png", "bad.txt:2:2: \"x\" is not a number");
-    ExpectRefused("@d.txt --screenshot @no/out.png", "its folder does not exist");
     ExpectRefused("@d.txt --screenshot @out.pdf", "--screenshot: the name must end with .png");
     ExpectRefused("@d.txt --screenshot @out.png --size 5x5", "--size: the sides");
     ExpectRefused("@d.txt --screenshot @out.png --columns 1,9", "there is no column 9");
     ExpectRefused("@d.txt --screenshot @out.png --delimiter dot", "delimiter");
+}
+
+TEST_F(ViewerCommand, SaysWhyAPictureCannotBeWritten) {
+    ExpectRefusedOutputs("@d.txt --screenshot", {".png"});
 }
 
 /// Width and height of a PNG, as its header tells.

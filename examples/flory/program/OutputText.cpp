@@ -1,28 +1,17 @@
 #include "examples/flory/program/OutputText.h"
 
-#include <cerrno>
-#include <cstdio>
-
-#include "cli/OutputFile.h"
+#include "tessara/platform/files/ReplacementFile.h"
 
 namespace flory {
 
 void WriteText(const std::string& strPath, const std::string& strText) {
-    tessara::COutputFile output(strPath);
-    std::FILE* pFile = std::fopen(output.GetTemporaryPath().c_str(), "wb");
-    if (!pFile) {
-        output.Fail(errno);
-    }
-    const bool bWritten = std::fwrite(strText.data(), 1, strText.size(), pFile) == strText.size();
-    const int nErrno = errno;
-    if (std::fclose(pFile) != 0 || !bWritten) {
-        output.Fail(bWritten ? errno : nErrno);
-    }
-    output.Commit();
+    tessara::CReplacementFile file(strPath.c_str());
+    file.Write(strText.data(), static_cast<UINT>(strText.size()));
+    file.Close();
 }
 
 void CheckWritable(const std::string& strPath) {
-    const tessara::COutputFile output(strPath);
+    const tessara::CReplacementFile file(strPath.c_str());
 }
 
 } // namespace flory

@@ -19,11 +19,11 @@ void Interrupt(int) {
 
 CRowReport::CRowReport() : m_bTerminal(isatty(STDERR_FILENO) != 0) {
     g_nInterrupted = 0;
-    std::signal(SIGINT, Interrupt);
+    m_pfnPrevious = std::signal(SIGINT, Interrupt);
 }
 
 CRowReport::~CRowReport() {
-    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGINT, m_pfnPrevious);
     if (m_bTerminal && m_nShown >= 0) {
         std::fputc('\n', stderr);
     }

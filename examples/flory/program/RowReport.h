@@ -32,6 +32,7 @@ private:
     bool Show(int nDone, int nRows);
 
     bool m_bTerminal;
+    void (*m_pfnPrevious)(int); ///< who had Ctrl-C before
     int m_nDone = 0;
     int m_nRows = 0;
     int m_nShown = -1; ///< steps of the report

@@ -90,12 +90,15 @@ TEST_F(FlorySolution, RefusesWithOneLine) {
         {"--chains 3 --zoom two-phase -o @out.png", "--zoom: \"two-phase\""},
         {"--chains 3 --size big -o @out.png", "--size: \"big\""},
         {"--chains 3 -o @out.gif", "must end with .json, .png, .svg, .pdf or .wmf"},
-        {"--chains 3 -o @none/out.json", "none/out.json: cannot be written"},
         {"--chains 3 --what -o @out.png", "--what"},
     };
     for (const auto& refused : cases) {
         ExpectRefused(refused.pszArguments, refused.pszMessage);
     }
+}
+
+TEST_F(FlorySolution, SaysWhyAFileCannotBeWritten) {
+    ExpectRefusedOutputs("--chains 3 --points 16 -o", {".json", ".png", ".wmf"});
 }
 
 TEST(Flory, ShowsHelpWithExamplesAndItsVersion) {
