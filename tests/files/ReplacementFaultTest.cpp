@@ -155,6 +155,11 @@ TEST(ReplacementFault, IsOnTheDiskBeforeItIsInPlaceAndInPlaceForGoodWhenClosed) 
     EXPECT_NE(after(renamed, calls.end(), "fsync"), calls.end());
 }
 
+TEST(ReplacementFault, TheUmaskOfOtherThreadsIsLeftAlone) {
+    const CFolder folder;
+    EXPECT_THAT(CAttempt(REPLACE, folder.Path("a.dat")).calls, Not(testing::Contains("umask")));
+}
+
 TEST(ReplacementFault, AFolderThatCannotBeListedIsSynchronisedWithItsFileSystem) {
     const CFolder folder;
     chmod(folder.Path("").c_str(), 0300);

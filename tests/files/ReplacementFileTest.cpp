@@ -216,27 +216,6 @@ TEST(ReplacementFile, HasTheOldPermissionsOrTheUmasksFromTheStart) {
     umask(nBefore);
 }
 
-TEST(ReplacementFile, LeavesTheUmaskOfOtherThreadsAlone) {
-    const CFolder folder;
-    const mode_t nBefore = umask(077);
-    std::atomic<bool> bDone = false;
-    std::thread writer([&] {
-        for (int i = 0; i < 200; ++i) {
-            CReplacementFile(folder.Path("a").c_str()).Abort();
-        }
-        bDone = true;
-    });
-    int nOpen = 0;
-    for (int i = 0; !bDone; ++i) {
-        const std::string strPath = folder.Write("b" + std::to_string(i), "");
-        nOpen += ModeOf(strPath) != 0600;
-        unlink(strPath.c_str());
-    }
-    writer.join();
-    umask(nBefore);
-    EXPECT_EQ(nOpen, 0);
-}
-
 TEST(ReplacementFile, KeepsOwnerAndGroupOrGivesNobodyMore) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root can give a file away";

@@ -54,6 +54,13 @@ FORWARD(fstatat, (int nFolder, const char* pszName, struct stat* pStatus, int nF
 FORWARD(renameat, (int nFolder, const char* pszName, int nNewFolder, const char* pszNewName), nFolder,
         pszName, nNewFolder, pszNewName)
 
+mode_t __real_umask(mode_t nMask);
+mode_t __wrap_umask(mode_t nMask);
+mode_t __wrap_umask(mode_t nMask) {
+    Ask("umask");
+    return __real_umask(nMask);
+}
+
 ssize_t __real_write(int nFile, const void* pBytes, size_t nBytes);
 ssize_t __wrap_write(int nFile, const void* pBytes, size_t nBytes);
 ssize_t __wrap_write(int nFile, const void* pBytes, size_t nBytes) {

@@ -3,7 +3,7 @@
 #include <functional>
 
 /// Stands between this test program's code and some system calls on files: open, openat, write, fsync,
-/// syncfs, fchmod, fchown, fstatat, flock, renameat.
+/// syncfs, fchmod, fchown, fstatat, flock, renameat; and tells of umask.
 ///
 /// While an object lives, its handler is asked before each call and answers with the error number that the
 /// call fails with, 0 to let it happen, or HALF to write only half. The handler's own calls happen. One
