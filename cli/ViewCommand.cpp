@@ -1,13 +1,17 @@
 #include "cli/ViewCommand.h"
 
 #include <cstdlib>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 
 #include "cli/Picture.h"
 #include "cli/PictureSize.h"
+#include "cli/Program.h"
 #include "cli/view/ViewerApp.h"
 #include "tessara/platform/base/Exception.h"
+#include "tessara/platform/gdi/GraphicsException.h"
+#include "tessara/platform/ui/System.h"
 
 namespace tessara {
 
@@ -44,6 +48,28 @@ void CheckScreenshot(const std::string& strPath) {
     }
 }
 
+/// The toolkit ends the process when it loses the display, and says so in its own way or not at all.
+class CDisplayWatch {
+public:
+    CDisplayWatch() {
+        s_bRunning = true;
+        std::atexit(&OnExit);
+    }
+    ~CDisplayWatch() { s_bRunning = false; }
+    CDisplayWatch(const CDisplayWatch&) = delete;
+    CDisplayWatch& operator=(const CDisplayWatch&) = delete;
+
+private:
+    static void OnExit() {
+        if (s_bRunning) {
+            Complain("tessara", "the connection to the display is lost");
+            _exit(EXIT_BAD_INPUT);
+        }
+    }
+
+    static inline bool s_bRunning = false;
+};
+
 } // namespace
 
 void DeclareViewOptions(CLI::App& command, VIEWOPTIONS& options) {
@@ -71,18 +97,20 @@ void CDisplay::SetPlatform() const {
 }
 
 void CDisplay::Use() const {
+    constexpr const char* ADVICE = "; --screenshot needs none";
     if (!m_platform && !m_bScreen) {
-        throw CException("there is no display to show a window on; --screenshot needs none");
+        throw CException(std::string("there is no display to show a window on") + ADVICE);
     }
     SetPlatform();
+    try {
+        RequireWindows();
+    } catch (const CGraphicsException& error) {
+        throw CException(error.what() + std::string(ADVICE));
+    }
 }
 
 void CDisplay::UseForPicture() const {
-    if (m_platform) {
-        SetPlatform();
-    } else {
-        setenv(PLATFORM, "offscreen", 1);
-    }
+    setenv(PLATFORM, (m_platform ? *m_platform + ";offscreen" : "offscreen").c_str(), 1);
 }
 
 int RunView(const VIEWOPTIONS& options, const CDisplay& display, const std::string& strVersion) {
@@ -93,6 +121,7 @@ int RunView(const VIEWOPTIONS& options, const CDisplay& display, const std::stri
         CheckScreenshot(start.strScreenshot);
         display.UseForPicture();
     }
+    const CDisplayWatch watch;
     CViewerApp app(std::move(start));
     char szName[] = "tessara";
     char* arguments[] = {szName, nullptr};

@@ -23,9 +23,10 @@ class CDisplay {
 public:
     CDisplay();
 
-    /// Lets windows appear there. Throws CException where there is no display.
+    /// Lets windows appear there. Throws CException where there is no display or none can be reached.
     void Use() const;
-    /// Lets windows be made for a picture: without a display unless the user has named a platform.
+    /// Lets windows be made for a picture: without a display unless the user has named a platform that can be
+    /// had.
     void UseForPicture() const;
 
 private:

@@ -49,6 +49,7 @@
 #include "tessara/platform/gdi/DrawSink.h"
 #include "tessara/platform/gdi/GdiObject.h"
 #include "tessara/platform/gdi/Geometry.h"
+#include "tessara/platform/gdi/GraphicsException.h"
 #include "tessara/platform/gdi/ImageDC.h"
 #include "tessara/platform/gdi/LogSink.h"
 #include "tessara/platform/gdi/Mapping.h"

@@ -1,14 +1,8 @@
 #pragma once
 
-#include <string>
-#include <vector>
+#include "tests/support/Process.h"
 
-/// What running the command gave.
-struct COMMANDRESULT {
-    int nExitCode; ///< -1 when a signal ended it
-    std::string strOutput;
-    std::string strErrors;
-};
+using COMMANDRESULT = PROCESSRESULT;
 
 /// Runs the built command with these arguments, with an environment that has no display, as a user to whom
 /// permissions apply. A limit above 0 is the number of bytes that the command can write to a file.

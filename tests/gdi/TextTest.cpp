@@ -2,6 +2,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string>
+#include <thread>
+#include <vector>
+
 #include "tessara/platform/gdi/PrinterDC.h"
 #include "tessara/platform/gdi/SvgDC.h"
 #include "tessara/platform/gdi/TextMeasure.h"
@@ -18,6 +23,18 @@ QImage Glyph(const char* pszFace, char ch) {
     SelectFont(dc, -40, pszFace);
     dc.SetBkMode(TRANSPARENT);
     dc.TextOut(5, 5, &ch, 1);
+    return ImageOf(dc);
+}
+
+/// Texts in faces of which some were never used before.
+QImage DrawWithFaces(int nFirst) {
+    CImageDC dc(120, 60);
+    for (int i = nFirst; i < nFirst + 20; ++i) {
+        const std::string strFace = "Face " + std::to_string(i);
+        SelectFont(dc, 20, i % 3 == 0 ? "Symbol" : i % 3 == 1 ? "Times New Roman" : strFace.c_str());
+        dc.TextOut(i % 7, i % 11, "Volume fraction", 15);
+        EXPECT_EQ(dc.GetTextExtent("f", 1).cy, 20);
+    }
     return ImageOf(dc);
 }
 
@@ -78,4 +95,27 @@ TEST(Text, StandsInItsCellWhichAnOpaqueBackgroundFills) {
         dc.FillRect(&cell, &white);
         EXPECT_LE(CountPainted(dc), 20) << "outside its cell";
     }
+}
+
+TEST(Text, ThreadsDrawAtOnceWhatOneThreadDraws) {
+    constexpr int THREADS = 4;
+    constexpr int PICTURES = 10;
+    std::vector<QImage> expected;
+    std::array<std::vector<QImage>, THREADS> drawn;
+    for (int i = 0; i < PICTURES; ++i) {
+        expected.push_back(DrawWithFaces(20 * i));
+    }
+    std::vector<std::thread> threads;
+    for (int nThread = 0; nThread < THREADS; ++nThread) {
+        threads.emplace_back([&drawn, nThread] {
+            for (int i = 0; i < PICTURES; ++i) {
+                DrawWithFaces(1000 * (nThread + 1) + 20 * i); // faces of this thread alone
+                drawn[static_cast<std::size_t>(nThread)].push_back(DrawWithFaces(20 * i));
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_THAT(drawn, testing::Each(testing::ElementsAreArray(expected)));
 }

@@ -53,8 +53,12 @@ struct CDrawState;
 /// what is drawn beside it: CImageDC, CPdfDC, CSvgDC, CPrinterDC, and those that a view's OnPrepareDC, OnDraw
 /// and OnPrint are given. Who paints a plot on another (CPaintDC, CClientDC, CMetaFileDC) sets it.
 ///
-/// A surface without a device (default-made) accepts every operation and draws nothing. Surfaces belong to
-/// one thread.
+/// A surface without a device (default-made) accepts every operation and draws nothing.
+///
+/// A surface belongs to one thread at a time, whichever that is; several threads may draw on surfaces of
+/// their own at once, text included. Fonts are there once the main thread has made a surface or measured a
+/// text: before that, and in a program whose own Qt application object has no fonts, making a surface with a
+/// device and drawing or measuring text throw CGraphicsException. No display is needed to draw.
 ///
 ///     CImageDC dc(800, 575);
 ///     dc.MoveTo(0, 0);

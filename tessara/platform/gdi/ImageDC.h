@@ -28,7 +28,7 @@ class TESSARA_API CImageDC : public CDC {
 
 public:
     /// Size in pixels, at least 1 each; resolution as tessara::HoldResolution holds it. Throws
-    /// CMemoryException when there is no memory for the image.
+    /// CMemoryException when there is no memory for the image, CGraphicsException as CDC says.
     CImageDC(int nWidth, int nHeight, double dDotsPerInch = 96);
     ~CImageDC() override;
 

@@ -15,7 +15,7 @@ class TESSARA_API CPdfDC : public CDC {
     DECLARE_DYNAMIC(CPdfDC)
 
 public:
-    /// Size in millimetres, positive. Nothing is written before Close.
+    /// Size in millimetres, positive. Nothing is written before Close. Throws CGraphicsException as CDC says.
     CPdfDC(const char* pszPath, double dWidthMm, double dHeightMm);
     ~CPdfDC() override;
 

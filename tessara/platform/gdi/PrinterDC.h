@@ -12,7 +12,8 @@ public:
     enum ColorMode { color, blackAndWhite };
 
     /// Starts a document of that title on its first page, landscape A4. A null file name prints on the user's
-    /// default printer. Throws CFileException when the printer or the file cannot be opened.
+    /// default printer. Throws CFileException when the printer or the file cannot be opened,
+    /// CGraphicsException as CDC says.
     CPrinterDC(const char* pszTitle, const char* pszFileName, ColorMode eColors = color);
     ~CPrinterDC() override;
 

@@ -14,7 +14,7 @@ class TESSARA_API CSvgDC : public CDC {
     DECLARE_DYNAMIC(CSvgDC)
 
 public:
-    /// Size in millimetres, positive. Nothing is written before Close.
+    /// Size in millimetres, positive. Nothing is written before Close. Throws CGraphicsException as CDC says.
     CSvgDC(const char* pszPath, double dWidthMm, double dHeightMm);
     ~CSvgDC() override;
 

@@ -21,6 +21,7 @@ TESSARA_API std::u32string DecodeFor(const LOGFONT& font, std::string_view strBy
 /// Width and line height of a text in a font, in the font's logical units, rounded to the nearest integer.
 ///
 /// Taken from the unhinted outlines, so the layout of a page does not depend on the device or its resolution.
+/// From any thread. This and the functions below throw CGraphicsException as CDC says.
 TESSARA_API SIZE MeasureText(const LOGFONT& font, std::string_view strBytes);
 
 /// The height of a font's em in its logical units, rounded to the nearest integer.

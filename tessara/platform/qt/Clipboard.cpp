@@ -37,7 +37,7 @@ QByteArray ToPng(const QImage& image) {
 } // namespace
 
 void SetClipboard(std::span<const CClipboardItem> items) {
-    EnsureApplication();
+    EnsureApplication(ENeed::desktop);
     auto* const pContent = new QMimeData; // the clipboard's, from here on
     for (const CClipboardItem& item : items) {
         Add(*pContent, item);
@@ -46,7 +46,7 @@ void SetClipboard(std::span<const CClipboardItem> items) {
 }
 
 std::string GetClipboard(const char* pszType) {
-    EnsureApplication();
+    EnsureApplication(ENeed::desktop);
     const QMimeData* const pContent = QGuiApplication::clipboard()->mimeData();
     const QString strType = QString::fromLatin1(pszType);
     if (!pContent) {

@@ -140,6 +140,9 @@ QString CQuestionDialog::Ask() {
 
 bool AskFile(CFileQuestion& question) {
     return OnMainThread([&question] {
+        if (!CanMakeWindows()) {
+            return false;
+        }
         EnsureMainPump();
         const CPeer::CEventScope scope;
         const QString strPath = CQuestionDialog(question).Ask();

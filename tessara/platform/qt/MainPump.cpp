@@ -164,7 +164,7 @@ bool CMainPump::eventFilter(QObject* pWatched, QEvent* pEvent) {
 }
 
 CMainPump& Pump() {
-    EnsureApplication();
+    EnsureApplication(ENeed::events);
     static auto* const s_pPump = new CMainPump;
     return *s_pPump;
 }

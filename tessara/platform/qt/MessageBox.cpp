@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <array>
+#include <cstdio>
 
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/StringResources.h"
@@ -62,6 +63,11 @@ int ToAnswer(int nButton) {
 }
 
 int ShowMessage(const char* pszText, const QString& strCaption, UINT nType) {
+    if (!CanMakeWindows()) {
+        // What the user is to know must not be lost.
+        std::fprintf(stderr, "%s: %s\n", strCaption.toUtf8().constData(), pszText);
+        return 0;
+    }
     EnsureMainPump();
     const CPeer::CEventScope scope;
     const CButtons& kind = BUTTONS[std::min<std::size_t>(nType & MB_TYPEMASK, std::size(BUTTONS) - 1)];

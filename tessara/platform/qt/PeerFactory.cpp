@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "tessara/platform/gdi/GraphicsException.h"
+#include "tessara/platform/qt/Application.h"
 #include "tessara/platform/qt/FrameWidget.h"
 #include "tessara/platform/qt/WindowText.h"
 #include "tessara/platform/ui/ControlClasses.h"
@@ -74,6 +76,17 @@ CPeer* MakePlainPeer(const CWindowDescription& description, QWidget* pParent) {
         pWidget->setFocusPolicy(Qt::StrongFocus);
     }
     return new CPeer(description, pWidget);
+}
+
+bool CanMakeWindows() {
+    return OnMainThread([] {
+        try {
+            EnsureApplication(ENeed::windows);
+            return true;
+        } catch (const CGraphicsException&) {
+            return false;
+        }
+    });
 }
 
 CPeer* MakePeer(const CWindowDescription& description) {

@@ -42,6 +42,9 @@ private:
 };
 
 bool CQtPrintTarget::Ask(CPrintInfo& info, HWND hOwner) {
+    if (!CanMakeWindows()) {
+        return false;
+    }
     const CPeer::CEventScope scope;
     QPrintDialog dialog(&m_printer, WidgetOf(hOwner));
     const bool bKnown = info.GetMaxPage() != CPrintInfo::UNKNOWN_PAGE;
@@ -76,6 +79,9 @@ std::unique_ptr<CPrintTarget> MakePrintTarget(const CString& strFileName) {
 }
 
 void ShowPreview(HWND hOwner, const std::function<void(std::unique_ptr<CPrintTarget>)>& fnPrint) {
+    if (!CanMakeWindows()) {
+        return;
+    }
     EnsureMainPump();
     const CPeer::CEventScope scope;
     const auto pPrinter = MakePrinter({});

@@ -9,15 +9,9 @@
 namespace tessara {
 
 std::vector<CString> StartWindowSystem(int argc, char** argv) {
-    static int s_nArguments = 0; // Qt keeps a reference to it
-    s_nArguments = argc;
-    StartApplication(s_nArguments, argv);
+    const std::vector<char*> arguments = StartApplication({argv, argv + argc});
     EnsureMainPump();
-    std::vector<CString> arguments;
-    for (int i = 1; i < s_nArguments; ++i) {
-        arguments.emplace_back(argv[i]);
-    }
-    return arguments;
+    return {arguments.begin() + 1, arguments.end()};
 }
 
 void SetApplicationName(const CString& strName) {

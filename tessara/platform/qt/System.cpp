@@ -65,7 +65,9 @@ int ToPixels(int nLength, const QScreen& screen) {
 }
 
 int StyleMetric(QStyle::PixelMetric eMetric, const QScreen& screen) {
-    return ToPixels(QApplication::style()->pixelMetric(eMetric), screen);
+    // A host without widgets has no style.
+    const bool bWidgets = qobject_cast<const QApplication*>(QCoreApplication::instance()) != nullptr;
+    return bWidgets ? ToPixels(QApplication::style()->pixelMetric(eMetric), screen) : 0;
 }
 
 int MetricOf(int nIndex, const QScreen& screen) {
@@ -105,6 +107,10 @@ LOGFONT Describe(const QFont& font, double dRatio) {
 }
 
 } // namespace
+
+void RequireWindows() {
+    OnMainThread([] { EnsureApplication(ENeed::windows); });
+}
 
 LOGFONT WindowFont(const CWnd* pWnd) {
     return OnMainThread([&] {

@@ -54,11 +54,11 @@ CFontFace::CFontFace(const LOGFONT& font) {
 
 const CFontFace& CFontFace::Find(const LOGFONT& font) {
     using Key = std::tuple<std::string, bool, bool, bool, bool>;
-    static std::map<Key, CFontFace> s_faces;
+    thread_local std::map<Key, CFontFace> t_faces;
     const Key key{font.lfFaceName, font.lfWeight >= BOLD_FROM, font.lfItalic != 0, font.lfUnderline != 0,
                   font.lfStrikeOut != 0};
-    const auto found = s_faces.find(key);
-    return found != s_faces.end() ? found->second : s_faces.emplace(key, CFontFace(font)).first->second;
+    const auto found = t_faces.find(key);
+    return found != t_faces.end() ? found->second : t_faces.emplace(key, CFontFace(font)).first->second;
 }
 
 QFont CFontFace::AtSize(int nPixels) const {

@@ -12,7 +12,8 @@ namespace tessara {
 /// em.
 class CFontFace {
 public:
-    /// The face of a logical font. Faces are kept for the life of the process; main thread.
+    /// The face of a logical font. Each thread has its own faces, which live as long as it: Qt's fonts keep
+    /// what belongs to one thread, also when they are copied.
     static const CFontFace& Find(const LOGFONT& font);
 
     explicit CFontFace(const LOGFONT& font);

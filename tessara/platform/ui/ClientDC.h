@@ -5,6 +5,8 @@
 /// A surface on a window's client area, in its pixels, on the ground that the window has. What is drawn stays
 /// until the window is painted anew. Text has an opaque background, as on any CDC: before a plot is painted
 /// on it, SetBkMode(TRANSPARENT).
+/// It may belong to any thread: the main thread, where the window's image is, does the drawing when it next
+/// waits or serves its loop, and the drawing thread waits for it. Texts are measured where that is asked for.
 class TESSARA_API CClientDC : public CDC {
     DECLARE_DYNAMIC(CClientDC)
 

@@ -5,7 +5,7 @@
 
 #include "tessara/platform/base/Api.h"
 
-// The desktop's clipboard. Main thread.
+// The desktop's clipboard. Main thread. Throws CGraphicsException where the desktop cannot be reached.
 
 namespace tessara {
 

@@ -24,6 +24,9 @@ struct CWindowDescription {
     UINT nID = 0;
 };
 
+/// Whether there can be windows: see CGraphicsException. From any thread.
+bool CanMakeWindows();
+
 /// Makes the widget of a window, hidden when it has no parent. Main thread. Throws CMemoryException.
 CPeer* MakePeer(const CWindowDescription& description);
 /// Takes the widget away: at once, or at the end of the event that it is in. Main thread.

@@ -58,6 +58,10 @@ class CWnd;
 
 namespace tessara {
 
+/// Starts the window system, if it does not run yet. Throws CGraphicsException where there can be no windows;
+/// without this call their Create returns zero there.
+TESSARA_API void RequireWindows();
+
 /// The font in which a window's controls show their texts, as a surface on the window selects it; the
 /// desktop's font when the window is null or has gone.
 TESSARA_API LOGFONT WindowFont(const CWnd* pWnd);

@@ -125,5 +125,6 @@ TESSARA_API CWinApp* AfxGetApp();
 
 /// Runs the program whose CWinApp exists: takes the options of the window system out of the command line,
 /// calls InitApplication and InitInstance and, unless they return zero, Run, then ExitInstance, and returns
-/// its code. An exception that reaches it is shown, and the code is 1.
+/// its code. An exception that reaches it is shown, and the code is 1; so too, before InitApplication, where
+/// there can be no windows (see CGraphicsException), which AfxMessageBox then says on standard error.
 TESSARA_API int AfxRunApplication(int argc, char** argv);

@@ -41,6 +41,9 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, const char* pszClassName, const char* pszTe
     if (tessara::FindWindow(m_hWnd) || !PreCreateWindow(create)) {
         return FALSE;
     }
+    if (!tessara::FindWindow(hParent) && !tessara::CanMakeWindows()) {
+        return FALSE;
+    }
     m_hWnd =
         tessara::AddWindow({this, nullptr, tessara::CMailbox::OfThisThread(), hParent, nID, create.style});
     const RECT place{create.x, create.y, create.x + create.cx, create.y + create.cy};
