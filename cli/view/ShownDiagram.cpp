@@ -114,6 +114,7 @@ void CShownDiagram::ApplyFlags() {
 
 void CShownDiagram::SetScales(const CAxisScales& scales) {
     const CAxisScales before = GetScales();
+    const auto mark = GetMark(); // setting the data, though the same, empties the read-outs
     m_diagram.x.scale = scales.x;
     m_diagram.y.scale = scales.y;
     try {
@@ -122,6 +123,9 @@ void CShownDiagram::SetScales(const CAxisScales& scales) {
         m_diagram.x.scale = before.x;
         m_diagram.y.scale = before.y;
         throw;
+    }
+    if (mark) {
+        SetMark(*mark);
     }
 }
 

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <optional>
 
+#include "tessara/platform/base/NoTraps.h"
+
 namespace tessara {
 
 CPieceSink::~CPieceSink() = default;
@@ -179,6 +181,7 @@ private:
 
 void CutPolyline(const double* pX, const double* pY, int nPoints, const CDataWindow& window,
                  CPieceSink& sink) {
+    const CNoTraps noTraps; // gaps are compared as they are
     if (window.dXMin <= window.dXMax && window.dYMin <= window.dYMax) {
         CPolylineCutter(pX, pY, nPoints, window, sink).Cut();
     }

@@ -5,6 +5,7 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <locale>
 #include <map>
@@ -34,12 +35,15 @@ void Export() {
     double x[] = {0.5, 1.5};
     COutputCurve plot;
     plot.SetOutputData(x, x, 2);
-    CPdfDC page("/dev/null", 160, 115);
-    plot.Export(&page, page.GetClientRect(), "/dev/null");
+    char szFolder[] = "/tmp/tessara-host-XXXXXX";
+    const std::filesystem::path folder = mkdtemp(szFolder);
+    CPdfDC page((folder / "page.pdf").c_str(), 160, 115);
+    const int bExported = plot.Export(&page, page.GetClientRect(), (folder / "plot.wmf").c_str());
     page.Close();
-    CSvgDC("/dev/null", 160, 115).Close();
-    CPrinterDC("Plot", "/dev/null").Close();
-    std::puts("exported");
+    CSvgDC((folder / "page.svg").c_str(), 160, 115).Close();
+    CPrinterDC("Plot", (folder / "print.pdf").c_str()).Close();
+    std::filesystem::remove_all(folder);
+    std::puts(bExported ? "exported" : "not exported");
 }
 
 /// What a program sees of its locale: as text, in numbers, and in C++.
