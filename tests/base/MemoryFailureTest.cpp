@@ -25,7 +25,8 @@ int g_nAllocationsLeft = -1; ///< the allocation after these fails; negative: no
 
 } // namespace
 
-void* operator new(std::size_t nBytes) {
+// Inlined, the two would look to the compiler as if they did not belong together.
+[[gnu::noinline]] void* operator new(std::size_t nBytes) {
     void* const pBlock =
         g_nAllocationsLeft >= 0 && g_nAllocationsLeft-- == 0 ? nullptr : std::malloc(nBytes ? nBytes : 1);
     if (!pBlock) {
@@ -33,10 +34,10 @@ void* operator new(std::size_t nBytes) {
     }
     return pBlock;
 }
-void operator delete(void* pBlock) noexcept {
+[[gnu::noinline]] void operator delete(void* pBlock) noexcept {
     std::free(pBlock);
 }
-void operator delete(void* pBlock, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* pBlock, std::size_t) noexcept {
     std::free(pBlock);
 }
 
