@@ -4,69 +4,72 @@
 #include <vector>
 
 #include "examples/flory/model/CoexistenceFunction.h"
-#include "examples/flory/model/ThreePhases.h"
+#include "examples/flory/model/PhysicalPath.h"
 
 namespace flory {
 
 /// What a solution of one polymer fraction separates into, chi by chi (temperature by temperature): the
-/// compositions and volumes of two phases, and of three where there are three.
+/// compositions and volumes of two phases, and of three or more where there are as many.
 ///
-/// Pairs of phases are followed in sigma, with all volumes that give the solution its fraction, and not in
-/// chi: near the critical fraction both phases hardly depend on chi. Pairs that a third phase would undercut
-/// are non-physical; there the lines of three phases take their place. A sample of more than two lengths may
-/// have more than three phases; these are not looked for.
+/// What can be observed is followed from the cloud point on (CPhysicalPath), so that there is one state at
+/// every chi from there to the maximum. Other pairs of phases that obey the conditions, but which a further
+/// phase would undercut, are found on a grid of sigma and volume; they are non-physical. Very small ones may
+/// be missed.
 ///
-/// Phases, volumes and chi of every row are accurate to about 1e-9, ends of parts likewise. A section takes
-/// about a tenth of a second.
+/// Phases, volumes and chi of every row are accurate to about 1e-9, physical ends of parts likewise. A
+/// section of a few chain lengths takes some hundredths of a second; the time grows with their number.
 ///
 /// REQUIRES: dPhi in (0, 1) and dMaxChi, the largest chi that is shown, above the critical one and up to
 /// 1000; 0 stands for twice that (std::invalid_argument).
 class CBinodalSection {
 public:
-    CBinodalSection(CSample sample, double dPhi, double dMaxChi = 0);
-
     /// A run of states of two phases, the second being the denser (sigma > 0).
-    /// An arc that leaves the range of chi ends with its last state within.
+    /// A non-physical arc that leaves the range of chi ends with its last state within.
     struct CArc {
         std::vector<CCoexistence> states;
         bool bPhysical;
     };
 
+    /// The progress is asked in hundredths of the work; when it aborts, the section is not complete.
+    CBinodalSection(CSample sample, double dPhi, double dMaxChi = 0, const CRowProgress& progress = {});
+
+    /// The physical ones first, by ascending chi. None when the solution does not separate up to the maximum.
     const std::vector<CArc>& Arcs() const { return m_arcs; }
-    /// Lines of states of three phases.
-    const std::vector<std::vector<CThreePhases>>& ThreePhaseLines() const { return m_lines; }
+    /// Lines of states of three or more phases, by ascending chi; with the physical arcs they cover every chi
+    /// from the cloud point to the maximum once.
+    const std::vector<CPhysicalPath::CRun>& MultiphaseLines() const { return m_lines; }
+
+    double MaxChi() const { return m_dMaxChi; }
+    /// The chi up to which the section is known: the maximum, but for samples that the method cannot follow.
+    double LastChi() const { return m_path.LastChi(); }
+    bool IsComplete() const { return m_path.IsComplete(); }
 
     /// The section in the colours of PartColor. The columns are the fractions of the thinner and of the
-    /// denser phase, the ordinate, the volume of the denser phase, sigma, chi. A line of three phases gives a
-    /// part of its thinnest and densest phase, and one with the middle phase in both columns, its own volume,
-    /// and sigma from the thinnest to it.
+    /// denser phase, the ordinate, the volume of the denser phase, sigma, chi. A line of three or more phases
+    /// gives a part of its thinnest and densest phase, and for each phase between one with this phase in both
+    /// columns, its own volume, and sigma from the thinnest to it.
     std::unique_ptr<CMultipartTable> Table(const COrdinate& ordinate = {}) const;
 
 private:
-    /// A pair of phases at a place of the grid on which the section is found.
+    /// A pair of phases on the grid, and its run of the path when it is physical.
     struct CPlace {
-        double x;
-        double y;
         CCoexistence state;
-        double dRival; ///< Rival of the state
+        const CPhysicalPath::CRun* pRun;
     };
 
-    CCoexistence StateAt(double x, double y) const;
-    CPlace PlaceAt(double x, double y) const;
-    void AddLine(const std::vector<CPlace>& places);
-    void AddBorder(CPlace last, CPlace next);
-    void Approach(CPlace& last, CPlace& next) const;
-    void AddThreePhases(const CThreePhaseLine::COnset& onset);
-    /// The s of the phase, relative to the denser one, that undercuts a pair most; 0 when none does.
-    double Rival(const CCoexistence& pair) const;
+    const CPhysicalPath::CRun* RunOf(const CCoexistence& pair) const;
+    CCoexistence PairOf(const CPhaseState& state) const;
+    CCoexistence NearerEnd(const CPhysicalPath::CRun& run, const CCoexistence& pair) const;
+    void AddPath();
+    void AddNonPhysical();
+    void AddNonPhysical(const std::vector<CPlace>& places);
 
     CCoexistenceFunction m_function;
     double m_dPhi;
     double m_dMaxChi;
-    double m_dReach; ///< of sigma times the longest chain
-    CThreePhaseLine m_threePhases;
+    CPhysicalPath m_path;
     std::vector<CArc> m_arcs;
-    std::vector<std::vector<CThreePhases>> m_lines;
+    std::vector<CPhysicalPath::CRun> m_lines;
 };
 
 } // namespace flory

@@ -59,13 +59,25 @@ void CCloudPointCurve::SamplePoints(int nPoints, double dThinnest) {
     }
 }
 
+namespace {
+
+/// ln of the cloud point's polymer fraction over its solvent fraction: it grows with the fraction, and keeps
+/// its digits where that is almost 1. The solvent is told by the thinner phase.
+double LogRatio(const CCoexistence& c) {
+    return std::log(c.dFirst) -
+           (c.dSigma < 0 ? std::log1p(-c.dSecond) + c.dSolventLog : std::log1p(-c.dFirst));
+}
+
+} // namespace
+
 void CCloudPointCurve::FindCusps() {
     for (std::size_t i = 1; i + 1 < m_points.size(); ++i) {
-        const double dBefore = m_points[i].dFirst - m_points[i - 1].dFirst;
-        const double dAfter = m_points[i + 1].dFirst - m_points[i].dFirst;
+        const double dHere = LogRatio(m_points[i]);
+        const double dBefore = dHere - LogRatio(m_points[i - 1]);
+        const double dAfter = LogRatio(m_points[i + 1]) - dHere;
         if ((dBefore < 0 && dAfter > 0) || (dBefore > 0 && dAfter < 0)) {
             const auto depth = [&](double dSigma) {
-                const double dLog = std::log(m_function.At(dSigma, 0).dFirst);
+                const double dLog = LogRatio(m_function.At(dSigma, 0));
                 return dAfter > 0 ? dLog : -dLog;
             };
             m_cusps.push_back(
@@ -77,10 +89,18 @@ void CCloudPointCurve::FindCusps() {
 /// Moved by a hair into the run that is not physical: two physical runs then cross in the three-phase point
 /// instead of touching there, and whether a touch is found is left to rounding.
 double CCloudPointCurve::Join(std::size_t nNext) const {
-    constexpr double HAIR = 1e-8;
     const CStretch& last = m_stretches[nNext - 1];
     const CStretch& next = m_stretches[nNext];
-    const double dHair = HAIR * (last.bPhysical ? next.dLast - next.dFirst : last.dFirst - last.dLast);
+    const CCoexistence corner = m_function.At(next.dFirst, 0);
+    const double dRun = last.bPhysical ? next.dLast - next.dFirst : last.dFirst - last.dLast;
+    double dHair = HAIR * dRun;
+    // Measured in the plane: what sigma moves a point by can be nothing or a lot.
+    for (int i = 0; i < 3; ++i) {
+        const CCoexistence moved = m_function.At(next.dFirst + dHair, 0);
+        const double dWay =
+            std::max(std::abs(moved.dFirst / corner.dFirst - 1), std::abs(moved.dChi / corner.dChi - 1));
+        dHair = std::copysign(std::min(std::abs(dHair) * HAIR / dWay, std::abs(dRun) / 2), dRun);
+    }
     return next.dFirst + dHair;
 }
 

@@ -38,6 +38,7 @@ class CCloudPointCurve {
 public:
     static constexpr int POINTS = 2000;
     static constexpr double THINNEST = 1e-8;
+    static constexpr double HAIR = 1e-8;
 
     explicit CCloudPointCurve(CSample sample, int nPoints = POINTS, double dThinnest = THINNEST);
 
@@ -58,8 +59,8 @@ public:
 
     /// One part for each run in the colours of PartColor; the columns are cloud-point fraction, ordinate,
     /// shadow fraction, sigma, chi. Points without an ordinate are left out. Neighbouring runs share the
-    /// point in which they meet. It lies beyond the three-phase point by 1e-8 of the run that is not
-    /// physical, so that the polylines of the physical ones cross there.
+    /// point in which they meet. It lies beyond the three-phase point, on the run that is not physical, by
+    /// about HAIR of its fraction or of chi, so that the polylines of the physical ones cross there.
     std::unique_ptr<CMultipartTable> Table(const COrdinate& ordinate = {}) const;
 
 private:

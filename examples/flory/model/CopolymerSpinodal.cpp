@@ -1,5 +1,6 @@
 #include "examples/flory/model/CopolymerSpinodal.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <stdexcept>
@@ -83,9 +84,12 @@ std::vector<CCopolymerSpinodal::CLifshitzPoint> CCopolymerSpinodal::LifshitzPoin
         return std::isinf(dSlope) ? std::copysign(1., dSlope) : std::tanh(dSlope / dR / 1e3);
     };
     constexpr int N_STEPS = 200;
+    // One kind of chain alone has no slope; the sign that counts is that of the blends beside it.
+    constexpr double INSIDE = 1e-9;
     std::vector<CLifshitzPoint> points;
     for (int i = 0; i < N_STEPS; ++i) {
-        const double dFirst = i / static_cast<double>(N_STEPS), dLast = (i + 1.) / N_STEPS;
+        const double dFirst = std::max(INSIDE, i / static_cast<double>(N_STEPS));
+        const double dLast = std::min(1 - INSIDE, (i + 1.) / N_STEPS);
         const double dBefore = SlopeAt(dFirst), dAfter = SlopeAt(dLast);
         if ((dBefore < 0) != (dAfter < 0)) {
             const double p = FindZero(height, dFirst, dLast);

@@ -30,18 +30,18 @@ double SeriesSlope(double x) {
     return dSum * x;
 }
 
-double Slope(double x) {
+} // namespace
+
+double ExcessH(double x) {
+    return std::abs(x) < SERIES_LIMIT ? SeriesH(x) : x / 2 / std::tanh(x / 2) - 1;
+}
+
+double ExcessHSlope(double x) {
     if (std::abs(x) < SERIES_LIMIT) {
         return SeriesSlope(x);
     }
     const double dSinh = std::sinh(x / 2); // infinite far away, where the second term is nothing
     return 0.5 / std::tanh(x / 2) - x / 4 / dSinh / dSinh;
-}
-
-} // namespace
-
-double ExcessH(double x) {
-    return std::abs(x) < SERIES_LIMIT ? SeriesH(x) : x / 2 / std::tanh(x / 2) - 1;
 }
 
 double InverseExcessH(double dY) {
@@ -52,7 +52,7 @@ double InverseExcessH(double dY) {
     // H is convex, so that the steps after the first one go one way; they end when rounding turns them.
     constexpr int N_STEPS = 40;
     for (int i = 0; i < N_STEPS; ++i) {
-        const double dStep = (ExcessH(x) - dY) / Slope(x);
+        const double dStep = (ExcessH(x) - dY) / ExcessHSlope(x);
         if (!std::isfinite(dStep) || std::abs(dStep) <= 1e-16 * x) {
             break;
         }

@@ -8,6 +8,9 @@ namespace flory {
 /// H(x) = (x/2) coth(x/2) - 1: even, zero at zero, |x|/2 - 1 far away. Relative error below 2e-14.
 double ExcessH(double x);
 
+/// The derivative of ExcessH: odd, x/6 near zero, 1/2 far away.
+double ExcessHSlope(double x);
+
 /// The x >= 0 with ExcessH(x) = dY; 0 for dY <= 0, NaN for NaN.
 double InverseExcessH(double dY);
 

@@ -10,13 +10,13 @@ namespace flory {
 CLevelContour::CLevelContour(int nColumns, int nRows, CFunction function)
     : m_nColumns(nColumns), m_nRows(nRows), m_function(std::move(function)),
       m_links(4 * static_cast<std::size_t>(nColumns) * static_cast<std::size_t>(nRows), -1) {
-    for (int j = 0; j < nRows; ++j) {
-        for (int i = 0; i < nColumns; ++i) {
+    for (int i = 0; i < nColumns; ++i) {
+        for (int j = 0; j < nRows; ++j) {
             m_positive.push_back(m_function(i, j) >= 0);
         }
     }
-    for (int j = 0; j + 1 < nRows; ++j) {
-        for (int i = 0; i + 1 < nColumns; ++i) {
+    for (int i = 0; i + 1 < nColumns; ++i) {
+        for (int j = 0; j + 1 < nRows; ++j) {
             LinkCell(i, j);
         }
     }
@@ -32,8 +32,8 @@ CLevelContour::CLevelContour(int nColumns, int nRows, CFunction function)
 }
 
 bool CLevelContour::Positive(int nColumn, int nRow) const {
-    return m_positive[static_cast<std::size_t>(nRow) * static_cast<std::size_t>(m_nColumns) +
-                      static_cast<std::size_t>(nColumn)] != 0;
+    const auto nRows = m_positive.size() / static_cast<std::size_t>(m_nColumns);
+    return m_positive[static_cast<std::size_t>(nColumn) * nRows + static_cast<std::size_t>(nRow)] != 0;
 }
 
 void CLevelContour::LinkCell(int i, int j) {

@@ -10,7 +10,7 @@ namespace flory {
 ///
 /// Vertices are exact, the zero of the function along the edge; only the way between them is straight. Found
 /// are all lines that do not pass through an edge twice. The function is asked about every grid point once,
-/// and some ten times for a vertex.
+/// column by column, and some ten times for a vertex.
 class CLevelContour {
 public:
     struct CPoint {

@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "cli/InputError.h"
 #include "cli/Program.h"
 #include "examples/flory/program/CopolymerCommand.h"
 #include "examples/flory/program/MapCommands.h"
@@ -30,6 +31,21 @@ CLI::App* AddSubcommand(CLI::App& app, const char* pszName, const char* pszHelp)
     CLI::App* pCommand = app.add_subcommand(pszName, pszHelp);
     pCommand->set_version_flag("--version", VERSION_LINE);
     return pCommand;
+}
+
+/// Tells what there is instead of a subcommand that is not.
+void CheckSubcommand(const CLI::App& app, const std::vector<std::string>& reversed) {
+    const std::string strFirst = reversed.empty() ? "" : reversed.back();
+    std::string strNames;
+    for (const CLI::App* pCommand : app.get_subcommands({})) {
+        if (strFirst.starts_with('-') || pCommand->get_name() == strFirst) {
+            return;
+        }
+        strNames += (strNames.empty() ? "" : ", ") + pCommand->get_name();
+    }
+    throw CException((strFirst.empty() ? "a subcommand or options are needed"
+                                       : tessara::Quoted(strFirst) + " is no subcommand") +
+                     "; there are " + strNames);
 }
 
 /// The arguments in the reverse order that the parser takes, with the subcommand that may be left out.
@@ -60,8 +76,10 @@ int Run(int argc, char** argv) {
     flory::CStabilityOptions stability;
     CLI::App* pStability = AddSubcommand(app, "stability", "Tabulate where solutions are stable");
     flory::DeclareStabilityOptions(*pStability, stability);
+    const std::vector<std::string> arguments = ArgumentsOf(argc, argv);
+    CheckSubcommand(app, arguments);
     try {
-        app.parse(ArgumentsOf(argc, argv));
+        app.parse(arguments);
     } catch (const CLI::Success& answer) {
         return app.exit(answer);
     }

@@ -48,7 +48,8 @@ CFractionRange FractionsOf(const char* pszOption, const std::string& strText) {
 
 std::string TextOf(const CStabilityMap& map, const CStabilityOptions& options) {
     std::string strText = "# Stability of solutions, min X - chi at chi = " + ListText({options.dChi}) +
-                          "; chain lengths " + options.solution.strChains + "\nw\tphi\tstability\n";
+                          "; chain lengths " + ListText(TwoChainsOf(options.solution)) +
+                          "\nw\tphi\tstability\n";
     for (int nRow = 0; nRow < map.Size(); ++nRow) {
         for (int nColumn = 0; nColumn < map.Size(); ++nColumn) {
             AppendRow(strText, {map.W(nRow), map.Phi(nColumn), map.Value(nRow, nColumn)});
@@ -57,9 +58,11 @@ std::string TextOf(const CStabilityMap& map, const CStabilityOptions& options) {
     return strText;
 }
 
-std::string TextOf(const CTable& table, const CThreePhasesOptions& options, bool bTemperature) {
-    std::string strText = "# Three-phase points; chain lengths " + options.solution.strChains;
-    strText += bTemperature ? "; chi = A + B/T, A and B " + *options.solution.chi + " K\n" : "\n";
+std::string TextOf(const CTable& table, const CThreePhasesOptions& options) {
+    const COrdinate chi = InteractionOf(options.solution);
+    const bool bTemperature = chi.has_value();
+    std::string strText = "# Three-phase points; chain lengths " + ListText(TwoChainsOf(options.solution));
+    strText += chi ? "; chi = A + B/T, A and B " + ListText({chi->A(), chi->B()}) + " K\n" : "\n";
     strText += bTemperature ? "w\tphi\tT\tshadow1\tshadow2\tchi\n" : "w\tphi\tchi\tshadow1\tshadow2\n";
     const int nColumns = bTemperature ? 6 : 5; // the last is chi again
     for (int i = 0; i < table.m_nPoints; ++i) {
@@ -128,7 +131,7 @@ void RunThreePhases(const CThreePhasesOptions& options) {
         CRowReport report;
         report.Check(map.Compute(report.Progress()));
     }
-    WriteText(options.strOutput, TextOf(*map.Table(ordinate), options, ordinate.has_value()));
+    WriteText(options.strOutput, TextOf(*map.Table(ordinate), options));
 }
 
 } // namespace flory

@@ -2,7 +2,6 @@
 
 #include <csignal>
 #include <cstdio>
-#include <string>
 #include <unistd.h>
 
 namespace flory {
@@ -22,6 +21,11 @@ CRowReport::CRowReport() : m_bTerminal(isatty(STDERR_FILENO) != 0) {
     m_pfnPrevious = std::signal(SIGINT, Interrupt);
 }
 
+CRowReport::CRowReport(std::chrono::milliseconds patience) : CRowReport() {
+    m_bShare = true;
+    m_patience = patience;
+}
+
 CRowReport::~CRowReport() {
     std::signal(SIGINT, m_pfnPrevious);
     if (m_bTerminal && m_nShown >= 0) {
@@ -38,18 +42,28 @@ bool CRowReport::Show(int nDone, int nRows) {
     m_nRows = nRows;
     const int nSteps = m_bTerminal ? 100 : 10;
     const auto nStep = static_cast<int>(static_cast<long long>(nDone) * nSteps / nRows);
-    if (nStep != m_nShown) {
+    if (nStep != m_nShown && !IsSilent()) {
         m_nShown = nStep;
-        std::fprintf(stderr, m_bTerminal ? "\r%d of %d rows" : "%d of %d rows\n", nDone, nRows);
+        std::fprintf(stderr, m_bTerminal ? "\r%s" : "%s\n", DoneText().c_str());
         std::fflush(stderr);
     }
     return g_nInterrupted == 0;
 }
 
+bool CRowReport::IsSilent() const {
+    return m_bShare && (!m_bTerminal || std::chrono::steady_clock::now() - m_start < m_patience);
+}
+
+std::string CRowReport::DoneText() const {
+    if (m_bShare) {
+        return std::to_string(100LL * m_nDone / m_nRows) + " %";
+    }
+    return std::to_string(m_nDone) + " of " + std::to_string(m_nRows) + " rows";
+}
+
 void CRowReport::Check(bool bDone) const {
     if (!bDone) {
-        throw CAborted("aborted after " + std::to_string(m_nDone) + " of " + std::to_string(m_nRows) +
-                       " rows; nothing was written");
+        throw CAborted("aborted after " + DoneText() + "; nothing was written");
     }
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <chrono>
+#include <string>
+
 #include "examples/flory/model/Progress.h"
 #include "tessara/platform/base/Exception.h"
 
@@ -17,9 +20,17 @@ public:
 ///
 ///     CRowReport report;
 ///     report.Check(map.Compute(report.Progress()));
+///
+/// Of a calculation that is mostly short only a share is told, on a terminal, once someone has waited:
+///
+///     CRowReport report(CRowReport::PATIENCE);
 class CRowReport {
 public:
+    static constexpr std::chrono::milliseconds PATIENCE{2000};
+
     CRowReport();
+    /// Tells nothing before this time has passed, and nothing at all where there is no terminal.
+    explicit CRowReport(std::chrono::milliseconds patience);
     ~CRowReport();
     CRowReport(const CRowReport&) = delete;
     CRowReport& operator=(const CRowReport&) = delete;
@@ -30,9 +41,14 @@ public:
 
 private:
     bool Show(int nDone, int nRows);
+    bool IsSilent() const;
+    std::string DoneText() const;
 
     bool m_bTerminal;
     void (*m_pfnPrevious)(int); ///< who had Ctrl-C before
+    bool m_bShare = false; ///< a percentage, and not rows
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+    std::chrono::milliseconds m_patience{0};
     int m_nDone = 0;
     int m_nRows = 0;
     int m_nShown = -1; ///< steps of the report

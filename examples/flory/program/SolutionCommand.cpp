@@ -3,7 +3,10 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/InputError.h"
+#include "cli/Program.h"
+#include "examples/flory/model/Spinodal.h"
 #include "examples/flory/program/DiagramFileOutput.h"
+#include "examples/flory/program/RowReport.h"
 #include "examples/flory/program/SolutionDiagram.h"
 
 namespace flory {
@@ -60,6 +63,35 @@ std::vector<std::string> NoteOf(const CSolutionOptions& options, const CSample& 
     return note;
 }
 
+/// The diagram, with remarks on standard error.
+tessara::DIAGRAM Computed(CSolutionPlan plan) {
+    CRowReport report(CRowReport::PATIENCE);
+    bool bGoOn = true;
+    std::vector<std::string> remarks;
+    plan.progress = [&, progress = report.Progress()](int nDone, int nSteps) {
+        bGoOn = bGoOn && progress(nDone, nSteps);
+        return bGoOn;
+    };
+    plan.remark = [&](const std::string& strRemark) { remarks.push_back(strRemark); };
+    tessara::DIAGRAM diagram = SolutionDiagram(plan);
+    report.Check(bGoOn);
+    for (const std::string& strRemark : remarks) {
+        tessara::Complain("flory", strRemark.c_str());
+    }
+    return diagram;
+}
+
+/// An empty diagram would leave the user to wonder why.
+void CheckSeparates(const CSolutionPlan& plan, const tessara::DIAGRAM& diagram) {
+    if (!plan.ordinate || !diagram.spinodal.parts.empty() || !diagram.binodal.parts.empty()) {
+        return;
+    }
+    throw CException("--chi: chi stays below " + ListText({plan.ordinate->A()}) +
+                     " at every temperature, so that nothing of this diagram has one; its critical point is "
+                     "at chi " +
+                     ListText({CriticalPoint(plan.sample).dChi}));
+}
+
 } // namespace
 
 void DeclareSolutionOptions(CLI::App& command, CSolutionOptions& options) {
@@ -102,7 +134,9 @@ void RunSolution(const CSolutionOptions& options) {
                              options.bPhysical,
                              bThreePhase,
                              SectionsOf(options)};
-    output.Write(SolutionDiagram(plan), NoteOf(options, plan.sample));
+    const tessara::DIAGRAM diagram = Computed(plan);
+    CheckSeparates(plan, diagram);
+    output.Write(diagram, NoteOf(options, plan.sample));
 }
 
 } // namespace flory

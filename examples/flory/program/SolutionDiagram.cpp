@@ -70,11 +70,36 @@ void AddCloudPointCurve(tessara::DIAGRAM& diagram, const CSolutionPlan& plan, co
     }
 }
 
+/// What there is to say of a section that does not reach from its cloud point to the greatest chi.
+std::string RemarkOn(const CBinodalSection& section, double dPhi) {
+    const std::string strSection = "--section: the solution of polymer fraction " + ListText({dPhi});
+    if (!section.IsComplete()) {
+        return strSection + " could not be computed between chi " + ListText({section.LastChi()}) + " and " +
+               ListText({section.MaxChi()});
+    }
+    const bool bNone = section.Arcs().empty() && section.MultiphaseLines().empty();
+    return bNone ? strSection + " does not separate below chi " + ListText({section.MaxChi()}) : "";
+}
+
+CBinodalSection SectionOf(const CSolutionPlan& plan, std::size_t nSection) {
+    constexpr int STEPS = 100;
+    const auto progress = [&](int nDone, int) {
+        return !plan.progress || plan.progress(STEPS * static_cast<int>(nSection) + nDone,
+                                               STEPS * static_cast<int>(plan.sections.size()));
+    };
+    CBinodalSection section(plan.sample, plan.sections[nSection], 0, progress);
+    const std::string strRemark = RemarkOn(section, plan.sections[nSection]);
+    if (plan.remark && !strRemark.empty()) {
+        plan.remark(strRemark);
+    }
+    return section;
+}
+
 /// A legend would call the phases cloud points and shadows, so there is none; dashed lines say where the
 /// solutions lie.
 void AddSections(tessara::DIAGRAM& diagram, const CSolutionPlan& plan) {
-    for (const double dPhi : plan.sections) {
-        const auto pTable = CBinodalSection(plan.sample, dPhi).Table(plan.ordinate);
+    for (std::size_t n = 0; n < plan.sections.size(); ++n) {
+        const auto pTable = SectionOf(plan, n).Table(plan.ordinate);
         AddParts(diagram.binodal, *pTable, {0, 1, 2, {{3, "volume"}, {4, "sigma"}, {5, "chi"}}}, true);
     }
     if (plan.bPhysicalOnly) {

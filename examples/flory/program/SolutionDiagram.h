@@ -1,9 +1,12 @@
 #pragma once
 
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "cli/DiagramFile.h"
 #include "examples/flory/model/CloudPointCurve.h"
+#include "examples/flory/model/Progress.h"
 
 namespace flory {
 
@@ -17,7 +20,10 @@ struct CSolutionPlan {
     bool bPhysicalOnly = false;
     bool bAroundThreePhases = false; ///< shows the region of the three-phase points
     std::vector<double> sections =
-        {}; ///< polymer fractions of the sections that replace the cloud-point curve
+        {};                     ///< polymer fractions of the sections that replace the cloud-point curve
+    CRowProgress progress = {}; ///< of the sections; what it aborts is not drawn
+    /// Is told, in a line for the user, of a section that is not whole.
+    std::function<void(const std::string&)> remark = {};
 };
 
 /// The phase diagram of a solution over the polymer fraction: spinodal, cloud-point and shadow curve,

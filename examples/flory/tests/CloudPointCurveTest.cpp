@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <random>
 #include <stdexcept>
 
@@ -29,6 +30,10 @@ CSample RandomSample(std::mt19937& random) {
     };
     const double r = std::exp(uniform(std::log(5.), std::log(1000.)));
     return CSample({r, r * std::exp(uniform(0.3, 4.))}, {1, std::exp(uniform(-7., 2.))});
+}
+
+std::string ListOf(const CSample& sample) {
+    return testing::PrintToString(sample.Lengths()) + testing::PrintToString(sample.Weights());
 }
 
 /// Two numbers are equal when they differ by 1e-9 of themselves, or by what rounding leaves of their terms.
@@ -183,6 +188,73 @@ TEST(CloudPointCurveTest, PartsMeetInTheThreePhasePoint) {
             EXPECT_EQ(pTable->m_ppData[1][part.nFirst], pTable->m_ppData[1][part.nFirst - 1]);
         }
     }
+}
+
+TEST(CloudPointCurveTest, RunsReachBeyondTheThreePhasePointByAHair) {
+    const CSample samples[] = {Bidisperse(), CSample({20, 5000}, {1, 1e-4}), CSample({100, 90000}, {1, 1e-5}),
+                               CSample({300, 9000}, {0.99, 0.01})};
+    for (const CSample& sample : samples) {
+        const CCloudPointCurve curve(sample);
+        const auto pTable = curve.Table();
+        ASSERT_EQ(curve.ThreePhasePoints().size(), 1u);
+        ASSERT_EQ(pTable->m_nParts, 3);
+        const CThreePhasePoint& corner = curve.ThreePhasePoints()[0];
+        for (const int i : {pTable->m_pParts[1].nFirst, pTable->m_pParts[2].nFirst}) {
+            const double dPhi = pTable->m_ppData[0][i] / corner.dPhi - 1;
+            const double dChi = pTable->m_ppData[1][i] / corner.dChi - 1;
+            EXPECT_NEAR(std::max(std::abs(dPhi), std::abs(dChi)), CCloudPointCurve::HAIR,
+                        0.1 * CCloudPointCurve::HAIR)
+                << sample.Longest();
+        }
+    }
+}
+
+/// A sample of short chains: two lengths, a Schulz-Zimm distribution or a log-normal one.
+CSample RandomShortSample(std::mt19937& random) {
+    const auto uniform = [&](double dLow, double dHigh) {
+        return std::uniform_real_distribution<>(dLow, dHigh)(random);
+    };
+    const double dShortest = std::exp(uniform(0, std::log(8.)));
+    const int nKind = std::uniform_int_distribution<>(0, 2)(random);
+    if (nKind == 0) {
+        return CSample({dShortest, dShortest * std::exp(uniform(0.3, 6.))}, {1, std::exp(uniform(-7., 4.))});
+    }
+    const double dMean = dShortest * std::exp(uniform(0.5, 5.)), dShape = uniform(0.5, 20.);
+    const double dWidth = uniform(0.2, 1.2);
+    std::vector<double> lengths, weights;
+    for (int i = 0; i < 30; ++i) {
+        const double r = dShortest * std::pow(10 * dMean / dShortest, i / 29.);
+        lengths.push_back(r);
+        const double dLog = std::log(r / dMean);
+        weights.push_back(nKind == 1 ? std::exp(dShape * (dLog - r / dMean))
+                                     : std::exp(-dLog * dLog / (2 * dWidth * dWidth)));
+    }
+    return CSample(lengths, weights);
+}
+
+/// FLORY_CURVES=2000 looks at as many. In a cusp the shadow phase turns unstable against small changes.
+TEST(CloudPointCurveTest, CuspsOfShortChainsAreWhereTheShadowPhaseIsOnItsSpinodal) {
+    const char* pszCount = std::getenv("FLORY_CURVES");
+    const int nCount = pszCount ? std::atoi(pszCount) : 150;
+    std::mt19937 random(20240403);
+    int nCusps = 0;
+    for (int n = 0; n < nCount; ++n) {
+        const CCloudPointCurve curve(RandomShortSample(random));
+        const CSample& sample = curve.Function().Sample();
+        EXPECT_EQ(curve.Cusps().size() % 2, 0u) << ListOf(sample);
+        for (const CCoexistence& cusp : curve.Cusps()) {
+            double dPhi = 0, dMoment = 0;
+            for (std::size_t i = 0; i < sample.Species(); ++i) {
+                const double r = sample.Length(i);
+                const double dSpecies = cusp.dFirst * sample.Weight(i) * std::exp(cusp.dSigma * r);
+                dPhi += dSpecies;
+                dMoment += dSpecies * r;
+            }
+            EXPECT_NEAR((1 / dMoment + 1 / (1 - dPhi)) / 2 / cusp.dChi, 1, 1e-4) << ListOf(sample);
+            ++nCusps;
+        }
+    }
+    EXPECT_GT(nCusps, nCount / 10) << "the samples show too little";
 }
 
 TEST(CloudPointCurveTest, RefusesTooFewPointsAndNoEnd) {

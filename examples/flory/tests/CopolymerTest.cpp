@@ -16,6 +16,12 @@ CCopolymerSpinodal Path(double dAlpha) {
             CCopolymerBlend({{dAlpha * n, 1, 0}, {dAlpha * n, 0, 0}, {n, 0.5, 1}})};
 }
 
+/// Homopolymers of lengths 40 and 90 and a share of symmetric diblocks of length 100, from A to B.
+CCopolymerSpinodal AcrossAt(double dDiblock) {
+    return {CCopolymerBlend({{40, 1, 1 - dDiblock}, {90, 0, 0}, {100, 0.5, dDiblock}}),
+            CCopolymerBlend({{40, 1, 0}, {90, 0, 1 - dDiblock}, {100, 0.5, dDiblock}})};
+}
+
 TEST(CopolymerBlendTest, SymmetricDiblockOrdersWhereLeiblerFoundIt) {
     const CCopolymerBlend blend({{100, 0.5, 1}});
     const CCopolymerBlend::CMinimum minimum = blend.NontrivialMinimum();
@@ -64,6 +70,17 @@ TEST(CopolymerSpinodalTest, LifshitzPointIsBrosetaAndFredricksons) {
     }
 }
 
+TEST(CopolymerSpinodalTest, OneKindOfChainAloneIsNoLifshitzPoint) {
+    // From homopolymer A to the diblock: chi has no bound at p = 0.
+    const CCopolymerSpinodal ofA(CCopolymerBlend({{100, 1, 1}, {100, 0, 0}, {100, 0.5, 0}}),
+                                 CCopolymerBlend({{100, 1, 0}, {100, 0, 0}, {100, 0.5, 1}}));
+    const auto points = ofA.LifshitzPoints();
+    ASSERT_EQ(points.size(), 1u);
+    EXPECT_GT(points[0].p, 0.01);
+    EXPECT_NEAR(ofA.At(points[0].p).SlopeAtZero() / ofA.At(points[0].p).R(0), 0, 1e-9);
+    EXPECT_TRUE(AcrossAt(0).LifshitzPoints().empty()) << "homopolymers form no structure";
+}
+
 TEST(CopolymerSpinodalTest, NontrivialPartLeavesTheTrivialOneInTheLifshitzPoint) {
     const CCopolymerSpinodal path = Path(0.5);
     const auto pTable = path.Table(101);
@@ -81,12 +98,6 @@ TEST(CopolymerSpinodalTest, NontrivialPartLeavesTheTrivialOneInTheLifshitzPoint)
         EXPECT_LT(pTable->m_ppData[1][i], path.At(pTable->m_ppData[0][i]).TrivialChi());
         EXPECT_GT(pTable->m_ppData[2][i], pTable->m_ppData[2][i - 1]);
     }
-}
-
-/// Homopolymers of lengths 40 and 90 and a share of symmetric diblocks of length 100, from A to B.
-CCopolymerSpinodal AcrossAt(double dDiblock) {
-    return {CCopolymerBlend({{40, 1, 1 - dDiblock}, {90, 0, 0}, {100, 0.5, dDiblock}}),
-            CCopolymerBlend({{40, 1, 0}, {90, 0, 1 - dDiblock}, {100, 0.5, dDiblock}})};
 }
 
 TEST(CopolymerSpinodalTest, CriticalPointOfHomopolymersIsFlorys) {

@@ -1,6 +1,10 @@
 #include <algorithm>
+#include <chrono>
 #include <csignal>
+#include <cstdio>
+#include <pty.h>
 #include <sstream>
+#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -91,6 +95,7 @@ TEST_F(FlorySolution, RefusesWithOneLine) {
         {"--chains 3 --size big -o @out.png", "--size: \"big\""},
         {"--chains 3 -o @out.gif", "must end with .json, .png, .svg, .pdf or .wmf"},
         {"--chains 3 --what -o @out.png", "--what"},
+        {"--chains 100 --chi -0.5,-30 -o @out.png", "--chi: chi stays below -0.5 at every temperature"},
     };
     for (const auto& refused : cases) {
         ExpectRefused(refused.pszArguments, refused.pszMessage);
@@ -110,8 +115,18 @@ TEST(Flory, ShowsHelpWithExamplesAndItsVersion) {
         EXPECT_THAT(strHelp, HasSubstr(pszCommand));
     }
     EXPECT_EQ(RunCommand({"--version"}).strOutput, "flory " TESSARA_VERSION "\n");
-    EXPECT_EQ(RunCommand({"gels"}).nExitCode, 2);
     EXPECT_EQ(RunCommand({}).nExitCode, 2);
+    const COMMANDRESULT gels = RunCommand({"gels", "--chains", "3"});
+    EXPECT_EQ(gels.nExitCode, 2);
+    EXPECT_THAT(gels.strErrors,
+                testing::AllOf(HasSubstr("\"gels\" is no subcommand"), HasSubstr("solution, copolymer")));
+}
+
+TEST_F(FlorySolution, TellsOfASectionThatIsEmpty) {
+    const COMMANDRESULT result = Run("--chains 100 --section 0.3,0.9999 -o @out.json");
+    EXPECT_EQ(result.nExitCode, 0);
+    EXPECT_EQ(result.strErrors, "flory: --section: the solution of polymer fraction 0.9999 does not separate "
+                                "below chi 1.21\n");
 }
 
 class FloryCopolymer : public CFloryFixture {
@@ -181,6 +196,22 @@ TEST_F(FloryMaps, WritesATableAndReportsRows) {
     EXPECT_TRUE(Row("map.txt", 400).empty());
 }
 
+TEST_F(FloryMaps, WritesTablesThatCanBeReadHoweverTheLengthsAreTyped) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"stability", "--chains", "100,\n3000", "--at-chi", "0.6", "--size", "4"},
+          std::vector<std::string>{"three-phases", "--chains", "300,\n9000", "--chi", "-0.2956,\n243.29",
+                                   "--rows", "4"}}) {
+        std::vector<std::string> all = arguments;
+        all.insert(all.end(), {"-o", m_folder.Path("map.txt")});
+        ASSERT_EQ(RunCommand(all).nExitCode, 0) << arguments[0];
+        std::istringstream text(m_folder.Read("map.txt"));
+        std::string strNote, strNames;
+        std::getline(text, strNote);
+        std::getline(text, strNames);
+        EXPECT_TRUE(strNote.starts_with("#") && strNames.starts_with("w\tphi\t")) << strNames;
+    }
+}
+
 TEST_F(FloryMaps, WritesThreePhasePoints) {
     EXPECT_EQ(RunCommand({"three-phases", "--chains", "300,9000", "--chi", "-0.2956,243.29", "--w",
                           "0.01:0.02", "--rows", "2", "-o", m_folder.Path("three.txt")})
@@ -198,6 +229,52 @@ TEST_F(FloryMaps, RefusesWithOneLine) {
     ExpectRefused("--chains 1,3 --at-chi 1 --phi 0:2 -o @out.txt", "--phi: fractions");
     ExpectRefused("--chains 1,3 --at-chi 1 --w 1 -o @out.txt", "is not a range FROM:TO");
     ExpectRefused("--chains 1,3 --at-chi 1 -o @none/a.txt", "none/a.txt: cannot be written");
+}
+
+/// Standard error as a terminal while the object lives.
+class CErrorTerminal {
+public:
+    CErrorTerminal() : m_nOld(dup(STDERR_FILENO)) {
+        int nTerminal = -1;
+        if (openpty(&m_nMaster, &nTerminal, nullptr, nullptr, nullptr) == 0) {
+            dup2(nTerminal, STDERR_FILENO);
+            close(nTerminal);
+        }
+    }
+    ~CErrorTerminal() {
+        dup2(m_nOld, STDERR_FILENO);
+        close(m_nOld);
+        close(m_nMaster);
+    }
+    CErrorTerminal(const CErrorTerminal&) = delete;
+    CErrorTerminal& operator=(const CErrorTerminal&) = delete;
+
+    /// What has been written, with a mark of our own so that reading ends.
+    std::string Read() const {
+        std::fputs("~", stderr);
+        std::string strText;
+        for (char c = 0; c != '~' && read(m_nMaster, &c, 1) == 1;) {
+            strText += c;
+        }
+        return strText;
+    }
+
+private:
+    int m_nOld;
+    int m_nMaster = -1;
+};
+
+TEST(RowReportTest, TellsAShareOnATerminalOnceSomeoneHasWaited) {
+    const CErrorTerminal terminal;
+    const auto told = [&](std::chrono::milliseconds patience) {
+        {
+            flory::CRowReport report(patience);
+            EXPECT_TRUE(report.Progress()(45, 300));
+        }
+        return terminal.Read();
+    };
+    EXPECT_EQ(told(std::chrono::hours(1)), "~");
+    EXPECT_THAT(told(std::chrono::milliseconds(0)), HasSubstr("15 %"));
 }
 
 TEST(RowReportTest, AnInterruptEndsTheWorkBetweenTwoRows) {
