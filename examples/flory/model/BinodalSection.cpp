@@ -83,7 +83,8 @@ void CBinodalSection::AddNonPhysical() {
 /// The run of the path on which a pair of phases lies; none when it is non-physical.
 const CPhysicalPath::CRun* CBinodalSection::RunOf(const CCoexistence& pair) const {
     constexpr double ROUNDING = 1e-9; ///< of chi, at the ends of runs
-    constexpr double MARGIN = 1e-6;   ///< of fractions
+    // Other pairs at the same chi are farther away, or so near that no picture tells them apart.
+    constexpr double MARGIN = 1e-3; ///< of fractions
     for (const CPhysicalPath::CRun& run : m_path.Runs()) {
         if (run.front().Phases() > 2 || pair.dChi < run.front().dChi * (1 - ROUNDING) ||
             pair.dChi > run.back().dChi * (1 + ROUNDING)) {
@@ -93,7 +94,7 @@ const CPhysicalPath::CRun* CBinodalSection::RunOf(const CCoexistence& pair) cons
             run.begin() + 1, run.end() - 1, [&](const CPhaseState& state) { return state.dChi < pair.dChi; });
         const auto between = [&](std::size_t k, double dPhi) {
             const double dFirst = (next - 1)->phis[k], dLast = next->phis[k];
-            return std::abs(2 * dPhi - dFirst - dLast) <= 2 * std::abs(dLast - dFirst) + MARGIN;
+            return std::abs(dPhi - (dFirst + dLast) / 2) <= std::abs(dLast - dFirst) + MARGIN;
         };
         if (between(0, pair.dFirst) && between(1, pair.dSecond)) {
             return &run;

@@ -20,32 +20,52 @@ constexpr double STEP = 0.25;
 constexpr double LEAST_ROOM = 0.5;
 /// A phase at which E rises more slowly than this is nearly critical, and others may be close to it.
 constexpr double NEARLY_CRITICAL = 0.3;
-constexpr double LEAST_SLOPE = 1e-9;
+constexpr double LEAST_SLOPE = 1e-11;
 /// chi may exceed what a further phase allows by this much of itself: rounding.
-constexpr double TOLERANCE = 1e-10;
+constexpr double TOLERANCE = 1e-11;
 /// Two phases are one when sigma times the longest chain differs by less than this between them.
 constexpr double SAME = 1e-7;
 
 } // namespace
 
-CPhaseScan::CPhaseScan(const CSample& sample, CVector densest, const CPhaseState& state)
-    : m_sample(sample), m_densest(std::move(densest)), m_state(state) {}
+CPhaseScan::CPhaseScan(const CSample& sample, const CVector& densest, const CPhaseState& state)
+    : m_sample(sample), m_state(state) {
+    for (const double dSigma : state.sigmas) {
+        CVector phase = densest;
+        for (std::size_t i = 0; i < phase.size(); ++i) {
+            phase[i] *= std::exp(dSigma * sample.Length(i));
+        }
+        m_phases.push_back(std::move(phase));
+    }
+}
+
+std::size_t CPhaseScan::Nearest(double s) const {
+    std::size_t nNearest = 0;
+    for (std::size_t k = 1; k < m_phases.size(); ++k) {
+        nNearest = std::abs(s - m_state.sigmas[k]) < std::abs(s - m_state.sigmas[nNearest]) ? k : nNearest;
+    }
+    return nNearest;
+}
 
 CPhaseScan::CPoint CPhaseScan::At(double s) const {
+    const std::size_t nNearest = Nearest(s);
+    const CVector& phase = m_phases[nNearest];
+    const double dFrom = s - m_state.sigmas[nNearest];
     double dMore = 0, dFirst = 0, dSecond = 0, dPhi = 0;
-    for (std::size_t i = 0; i < m_densest.size(); ++i) {
+    for (std::size_t i = 0; i < phase.size(); ++i) {
         const double r = m_sample.Length(i);
-        const double dE = std::expm1(s * r), dSpecies = m_densest[i] * (dE + 1);
-        if (m_densest[i] > 0) {
-            dMore += m_densest[i] * dE;
+        if (phase[i] > 0) {
+            const double dE = std::expm1(dFrom * r), dSpecies = phase[i] * (dE + 1);
+            dMore += phase[i] * dE;
             dPhi += dSpecies;
             dFirst += dSpecies * r;
             dSecond += dSpecies * r * r;
         }
     }
-    const double dSolvent = m_state.solvents.back() - dMore;
-    const double dE =
-        dSolvent > 0 ? s - std::log1p(-dMore / m_state.solvents.back()) - 2 * m_state.dChi * dMore : LARGE;
+    const double dSolvent = m_state.solvents[nNearest] - dMore;
+    const double dE = dSolvent > 0
+                          ? dFrom - std::log1p(-dMore / m_state.solvents[nNearest]) - 2 * m_state.dChi * dMore
+                          : LARGE;
     return {s,
             dE,
             dSolvent,
@@ -55,13 +75,15 @@ CPhaseScan::CPoint CPhaseScan::At(double s) const {
 }
 
 double CPhaseScan::X(double s) const {
-    const double dSolvent = m_state.solvents.back();
+    const std::size_t nNearest = Nearest(s);
+    const CVector& phase = m_phases[nNearest];
+    const double dFrom = s - m_state.sigmas[nNearest], dSolvent = m_state.solvents[nNearest];
     double dMore = 0, dGain = 0;
-    for (std::size_t i = 0; i < m_densest.size(); ++i) {
+    for (std::size_t i = 0; i < phase.size(); ++i) {
         const double r = m_sample.Length(i);
-        if (m_densest[i] > 0) {
-            dMore += m_densest[i] * std::expm1(s * r);
-            dGain += m_densest[i] / r * StretchExcess(s * r);
+        if (phase[i] > 0) {
+            dMore += phase[i] * std::expm1(dFrom * r);
+            dGain += phase[i] / r * StretchExcess(dFrom * r);
         }
     }
     return (dGain + dSolvent * MixingExcess(dMore / dSolvent)) / (dMore * dMore);

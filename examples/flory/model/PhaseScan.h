@@ -1,7 +1,7 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "examples/flory/model/LinearEquations.h"
@@ -24,7 +24,7 @@ namespace flory {
 class CPhaseScan {
 public:
     /// REQUIRES: the species' fractions in the densest phase of the state.
-    CPhaseScan(const CSample& sample, CVector densest, const CPhaseState& state);
+    CPhaseScan(const CSample& sample, const CVector& densest, const CPhaseState& state);
 
     /// s of the phase that undercuts the others most; nothing when none does by more than rounding.
     std::optional<double> Rival() const;
@@ -41,8 +41,9 @@ private:
 
     CPoint At(double s) const;
     double E(double s) const { return At(s).dE; }
-    /// chi from which on a phase undercuts the densest one, as CTangentPlane has it.
+    /// chi from which on a phase undercuts the nearest of the state, as CTangentPlane has it.
     double X(double s) const;
+    std::size_t Nearest(double s) const;
     /// An s at which the solvent is too little for E to fall, or next to it.
     double RightEnd() const;
     std::vector<CPoint> Grid() const;
@@ -52,8 +53,8 @@ private:
     bool IsKnown(double s) const;
 
     const CSample& m_sample;
-    CVector m_densest;
     const CPhaseState& m_state;
+    std::vector<CVector> m_phases; ///< fractions of the species, from which others are told without loss
 };
 
 } // namespace flory

@@ -15,13 +15,19 @@ namespace {
 constexpr double FIRST_STEP = 0.01;
 constexpr double LONGEST_STEP = 0.5;
 constexpr double SHORTEST_STEP = 1e-10;
-/// What may lie between two states, so that lines between them look like curves.
-constexpr double PHI_STEP = 0.01;
-constexpr int N_CHI_STEPS = 200;
+/// What may lie between two states, so that lines between them look like curves, at the cloud point and at
+/// the maximum of chi: curves bend most near the former. Of fractions, and of the range of chi.
+constexpr double PHI_STEPS[] = {0.0015, 0.015};
+constexpr double CHI_STEPS[] = {1. / 800, 1. / 100};
 /// Below this sigma times the longest chain the phases at the cloud point are a critical one.
 constexpr double CRITICAL_REACH = 1e-5;
-/// An event may precede the run that it ends by this much of chi: rounding.
+/// Below this sigma times the shortest chain a phase is the solvent.
+constexpr double SOLVENT_LOG = -30;
+/// Two phases whose sigma times the longest chain is less are hardly told from the critical one.
+constexpr double APART_REACH = 3e-4;
+/// An event may precede the run that it ends by this much of chi, and a state the last one: rounding.
 constexpr double SAME_CHI = 1e-10;
+constexpr double SAME_STATE_CHI = 1e-13;
 
 bool HasNegative(const CVector& volumes) {
     return std::any_of(volumes.begin(), volumes.end(), [](double d) { return !(d >= 0); });
@@ -87,6 +93,9 @@ bool CPhysicalPath::Begin() {
         return false;
     }
     std::optional<double> s = least.dS;
+    if (least.dS * m_equations.Sample().Shortest() < SOLVENT_LOG) {
+        s = -std::log1p(-m_dPhi) - 2 * least.dX * m_dPhi; // X is flat: where E of CPhaseScan is zero
+    }
     constexpr int N_TRIES = 10;
     for (int i = 0; i < N_TRIES && s; ++i) {
         auto p = WithNew({1}, *s);
@@ -124,6 +133,10 @@ void CPhysicalPath::Follow(const CRowProgress& progress) {
 /// Makes one step of a length, or over an event that comes before; false when nothing could be trusted.
 bool CPhysicalPath::Step(double dLength) {
     const CPlace& here = *m_place;
+    const auto apart = Apart(here.p);
+    if (apart && Take(*apart)) {
+        return true;
+    }
     CVector guess = here.p;
     for (std::size_t n = 0; n < guess.size(); ++n) {
         guess[n] += dLength * here.direction[n];
@@ -139,6 +152,22 @@ bool CPhysicalPath::Step(double dLength) {
     next = next ? WithoutUsedUp(*next) : next;
     next = next ? Ended(*next) : next;
     return next && Take(*next);
+}
+
+/// Where two phases have just parted from a critical one, and neither volumes nor chi tell how far: a place
+/// at which they are farther apart. chi grows with the square of that, by nothing to speak of.
+std::optional<CVector> CPhysicalPath::Apart(const CVector& p) const {
+    const double dApart = std::log(APART_REACH / m_equations.Sample().Longest());
+    for (std::size_t k = 0; k + 1 < CPhaseEquations::Phases(p); ++k) {
+        if (p[k] < dApart) {
+            CVector guess = p;
+            const std::size_t nVolume = CPhaseEquations::Volume(p, k);
+            guess[k] = dApart;
+            guess[nVolume] = guess[nVolume + 1] = (p[nVolume] + p[nVolume + 1]) / 2;
+            return m_equations.Corrected(guess, CPhaseEquations::Fixed(k, dApart));
+        }
+    }
+    return std::nullopt;
 }
 
 /// The place at which the first phase is used up on the way to a place; this itself where none is.
@@ -195,12 +224,15 @@ std::optional<CVector> CPhysicalPath::WithNew(const CVector& p, double s) const 
 /// Whether a state follows the last one as closely as states of one run do.
 bool CPhysicalPath::IsNear(const CPhaseState& next) const {
     const CPhaseState& last = m_place->state;
+    const double dDone = (last.dChi - m_dFirstChi) / (m_dMaxChi - m_dFirstChi);
+    const auto step = [&](const double(&steps)[2]) { return steps[0] + (steps[1] - steps[0]) * dDone; };
     for (std::size_t k = 0; k < next.Phases(); ++k) {
-        if (!(std::abs(next.phis[k] - last.phis[k]) <= PHI_STEP)) {
+        if (!(std::abs(next.phis[k] - last.phis[k]) <= step(PHI_STEPS))) {
             return false;
         }
     }
-    return next.dChi >= last.dChi && next.dChi - last.dChi <= (m_dMaxChi - m_dFirstChi) / N_CHI_STEPS;
+    return next.dChi >= last.dChi * (1 - SAME_STATE_CHI) &&
+           next.dChi - last.dChi <= step(CHI_STEPS) * (m_dMaxChi - m_dFirstChi);
 }
 
 /// Takes a place to the path, when it follows the last one; or the event before it.

@@ -50,6 +50,7 @@ private:
     bool Take(const CVector& p);
     bool TakeChange(const CVector& last, const CVector& next);
     bool IsNear(const CPhaseState& next) const;
+    std::optional<CVector> Apart(const CVector& p) const;
     std::optional<CVector> Ended(const CVector& p) const;
     std::optional<CVector> WithoutUsedUp(const CVector& p) const;
     std::optional<CVector> WithNew(const CVector& p, double s) const;

@@ -76,7 +76,7 @@ int Run(int argc, char** argv) {
     flory::CStabilityOptions stability;
     CLI::App* pStability = AddSubcommand(app, "stability", "Tabulate where solutions are stable");
     flory::DeclareStabilityOptions(*pStability, stability);
-    const std::vector<std::string> arguments = ArgumentsOf(argc, argv);
+    std::vector<std::string> arguments = ArgumentsOf(argc, argv);
     CheckSubcommand(app, arguments);
     try {
         app.parse(arguments);

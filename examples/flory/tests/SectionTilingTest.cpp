@@ -50,6 +50,11 @@ std::vector<std::vector<CReadState>> ReadRuns(const CMultipartTable& table) {
             state.volumes[0] -= value(3);
         }
     }
+    for (auto& run : runs) {
+        if (run.front().dChi > run.back().dChi) {
+            std::reverse(run.begin(), run.end());
+        }
+    }
     std::sort(runs.begin(), runs.end(),
               [](const auto& a, const auto& b) { return a.front().dChi < b.front().dChi; });
     return runs;
@@ -130,7 +135,7 @@ std::string FaultOf(const CSample& sample, double dPhi, const CReadState& state)
         if (!(state.volumes[k] > -1e-12)) {
             return "a volume is negative";
         }
-        if (!(std::abs(plain.Phi(s) - state.phis[k]) < 1e-9 * state.phis[k])) {
+        if (!(std::abs(plain.Phi(s) - state.phis[k]) < 1e-9 * state.phis[k] + 1e-290)) {
             return "a fraction is not that of its species";
         }
         const bool bHasSolvent = std::max(state.phis[k], state.phis.back()) < 1 - LEAST_SOLVENT;
@@ -145,8 +150,10 @@ std::string FaultOf(const CSample& sample, double dPhi, const CReadState& state)
     if (!(std::abs(dWhole - dPhi) < 1e-9 * dPhi)) {
         return "the phases are not the whole";
     }
-    const bool bKnown = state.phis.back() < 1 - LEAST_SOLVENT;
-    return bKnown && plain.LeastDistance() < -1e-11 ? "another phase undercuts" : "";
+    const double dSolvent = 1 - state.phis.back();
+    return dSolvent > LEAST_SOLVENT && plain.LeastDistance() < -1e-11 - 1e-14 / dSolvent
+               ? "another phase undercuts"
+               : "";
 }
 
 /// Whether the phases that have volume are the same in two states.
@@ -246,6 +253,12 @@ TEST(SectionTilingTest, StatesCoverEveryChiOnce) {
         {{100, 3000}, {0.9, 0.1}, 0.9},
         {{100, 3000}, {0.9, 0.1}, 1e-12},
         {{100}, {1}, 0.3},
+        // The thinner phase is the solvent.
+        {{68019}, {1}, 0.504},
+        {{744390, 2312036, 406819697}, {83, 2, 0.2}, 0.5005},
+        // So near the critical end point that the phases beside the critical one hardly differ.
+        {{100, 3000}, {0.9, 0.1}, 0.12078130886},
+        {{100, 3000}, {0.9, 0.1}, 0.12078030896},
     };
     for (const auto& known : cases) {
         const CSample sample(known.lengths, known.weights);
@@ -265,7 +278,7 @@ CSample RandomSample(std::mt19937& random, std::size_t nLengths) {
     };
     std::vector<double> lengths{std::exp(uniform(0, std::log(1000.)))}, weights{1};
     while (lengths.size() < nLengths) {
-        lengths.push_back(lengths.back() * std::exp(uniform(0.3, 4.1)));
+        lengths.push_back(std::min(1e9, lengths.back() * std::exp(uniform(0.3, 4.1))));
         weights.push_back(weights.back() * std::exp(uniform(-6, 1)));
     }
     return CSample(lengths, weights);
