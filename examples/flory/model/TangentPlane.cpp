@@ -15,7 +15,11 @@ namespace {
 
 /// Of a species, the second phase has exp(-60) at the lowest s: X no longer changes.
 constexpr double THINNEST_LOG = 60;
-constexpr int N_STEPS = 72;
+/// Steps of the search, in s times the longest chain: next to 0, relative farther away, and at the most on
+/// the side of denser phases. There a minimum is as narrow as the reach over which a rare long chain takes
+/// the phase over.
+constexpr double NEAR_STEP = 0.15;
+constexpr double WIDEST_STEP = 0.5;
 
 } // namespace
 
@@ -50,6 +54,11 @@ double CTangentPlane::X(double s) const {
     if (!(u < 1 + 1e-12)) {
         return std::numeric_limits<double>::infinity();
     }
+    return Gain(s, dAmount) / (dAmount * dAmount);
+}
+
+/// The numerator of X: the free energy of mixing that the second phase needs, without chi.
+double CTangentPlane::Gain(double s, double dAmount) const {
     double dSum = 0;
     for (std::size_t i = 0; i < m_sample.Species(); ++i) {
         if (m_sample.Weight(i) > 0) {
@@ -57,18 +66,29 @@ double CTangentPlane::X(double s) const {
             dSum += m_sample.Weight(i) / r * StretchExcess(s * r);
         }
     }
-    return ((1 - m_dPhi) * MixingExcess(u) + m_dPhi * dSum) / (dAmount * dAmount);
+    return (1 - m_dPhi) * MixingExcess(dAmount / (1 - m_dPhi)) + m_dPhi * dSum;
+}
+
+double CTangentPlane::Slope(double s) const {
+    // With D the amount and N the gain, N' = D' (s - ln(1 - u)), and X' = D' [(s - ln(1 - u)) D - 2 N]/D^3.
+    const double dAmount = Amount(s);
+    return (s - std::log1p(-dAmount / (1 - m_dPhi))) * dAmount - 2 * Gain(s, dAmount);
+}
+
+std::vector<CTangentPlane::CMinimum> CTangentPlane::Grid() const {
+    const double dLongest = m_sample.Longest();
+    std::vector<CMinimum> grid;
+    for (double y = m_dLowest * dLongest; y < m_dHighest * dLongest;) {
+        grid.push_back({y / dLongest, X(y / dLongest)});
+        const double dStep = NEAR_STEP * std::hypot(1, y);
+        y += y > 0 ? std::min(dStep, WIDEST_STEP) : dStep;
+    }
+    grid.push_back({m_dHighest, X(m_dHighest)});
+    return grid;
 }
 
 std::vector<CTangentPlane::CMinimum> CTangentPlane::Minima() const {
-    const double dLongest = m_sample.Longest();
-    const double dStart = std::asinh(m_dLowest * dLongest);
-    const double dStep = (std::asinh(m_dHighest * dLongest) - dStart) / N_STEPS;
-    std::vector<CMinimum> grid;
-    for (int i = 0; i <= N_STEPS; ++i) {
-        const double s = i < N_STEPS ? std::sinh(dStart + i * dStep) / dLongest : m_dHighest;
-        grid.push_back({s, X(s)});
-    }
+    const std::vector<CMinimum> grid = Grid();
     std::vector<CMinimum> minima;
     for (std::size_t i = 0; i < grid.size(); ++i) {
         const bool bFromLeft = i == 0 || grid[i].dX < grid[i - 1].dX;

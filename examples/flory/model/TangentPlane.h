@@ -29,6 +29,8 @@ public:
 
     /// X at s; infinite where the second phase would hold more than the whole volume.
     double X(double s) const;
+    /// Has the sign of dX/ds for s > 0 and the other for s < 0; without the cancellation of differences of X.
+    double Slope(double s) const;
     /// The local minima of X by ascending s, the far ends included when X falls towards them; at least one.
     std::vector<CMinimum> Minima() const;
     /// The least of them.
@@ -36,6 +38,8 @@ public:
 
 private:
     double Amount(double s) const;
+    double Gain(double s, double dAmount) const;
+    std::vector<CMinimum> Grid() const; ///< X at places close enough to see every minimum
 
     CSample m_sample;
     double m_dPhi;

@@ -1,9 +1,18 @@
 #include "examples/flory/model/ThreePhaseMap.h"
 
+#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
+#include "examples/flory/model/MultiplePoints.h"
+
 namespace flory {
+
+namespace {
+
+constexpr int N_COLUMNS = 7;
+
+} // namespace
 
 CThreePhaseMap::CThreePhaseMap(double dFirstLength, double dSecondLength, double dFirst, double dLast,
                                int nRows)
@@ -30,10 +39,28 @@ bool CThreePhaseMap::Compute(const CRowProgress& progress) {
         const double w = Weight(nRow);
         const CCloudPointCurve curve(CSample({m_dFirstLength, m_dSecondLength}, {1 - w, w}));
         for (const CThreePhasePoint& point : curve.ThreePhasePoints()) {
-            m_points.push_back({w, point});
+            m_points.push_back({w, point, false});
         }
     }
+    AddCriticalEndPoints();
     return !progress || progress(m_nRows, m_nRows);
+}
+
+void CThreePhaseMap::AddCriticalEndPoints() {
+    const auto logit = [](double w) { return std::log(w / (1 - w)); };
+    const double dStart = logit(std::min(m_dFirst, m_dLast)), dEnd = logit(std::max(m_dFirst, m_dLast));
+    const CSampleLine line = LineOfSamples({m_dFirstLength, m_dSecondLength});
+    for (const CCriticalEndPoint& end : CriticalEndPoints(line, dStart, dEnd)) {
+        CThreePhasePoint point{
+            end.critical.dPhi, end.critical.dChi, {0, end.dS}, {end.critical.dPhi, end.dOther}};
+        if (end.dS < 0) {
+            std::swap(point.dSigmas[0], point.dSigmas[1]);
+            std::swap(point.dShadows[0], point.dShadows[1]);
+        }
+        m_points.push_back({end.sample.Weight(1), point, true});
+    }
+    std::stable_sort(m_points.begin(), m_points.end(),
+                     [](const CPoint& a, const CPoint& b) { return a.dW < b.dW; });
 }
 
 std::unique_ptr<CTable> CThreePhaseMap::Table(const COrdinate& ordinate) const {
@@ -43,16 +70,16 @@ std::unique_ptr<CTable> CThreePhaseMap::Table(const COrdinate& ordinate) const {
             shown.push_back(point);
         }
     }
-    auto pTable = std::make_unique<CTable>(6);
+    auto pTable = std::make_unique<CTable>(N_COLUMNS);
     if (shown.empty()) {
         return pTable;
     }
     pTable->Allocate(static_cast<int>(shown.size()));
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const CThreePhasePoint& p = shown[i].point;
-        const double row[] = {shown[i].dW,   p.dPhi,        OrdinateOf(ordinate, p.dChi),
-                              p.dShadows[0], p.dShadows[1], p.dChi};
-        for (int nColumn = 0; nColumn < 6; ++nColumn) {
+        const double row[] = {shown[i].dW,   p.dPhi, OrdinateOf(ordinate, p.dChi),   p.dShadows[0],
+                              p.dShadows[1], p.dChi, shown[i].bCriticalEnd ? 2. : 3.};
+        for (int nColumn = 0; nColumn < N_COLUMNS; ++nColumn) {
             pTable->m_ppData[nColumn][i] = row[nColumn];
         }
     }

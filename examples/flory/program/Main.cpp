@@ -7,7 +7,9 @@
 #include "cli/InputError.h"
 #include "cli/Program.h"
 #include "examples/flory/program/CopolymerCommand.h"
+#include "examples/flory/program/FitCommand.h"
 #include "examples/flory/program/MapCommands.h"
+#include "examples/flory/program/MultiplePointCommands.h"
 #include "examples/flory/program/RowReport.h"
 #include "examples/flory/program/SolutionCommand.h"
 
@@ -25,6 +27,8 @@ Examples:
   flory --chains 300,9000 --weights 0.99,0.01 --chi -0.2956,243.29 -o ps.svg
   flory copolymer --homopolymers 50,50 --diblock 100 -o lifshitz.png
   flory three-phases --chains 300,9000 --w 0.001:0.05 -o three.txt
+  flory critical-end --chains 300,9000
+  flory fit chi.txt -o chi.png
   flory stability --chains 300,9000 --at-chi 0.56 --phi 0:0.2 --w 0:0.1 -o map.txt)";
 
 CLI::App* AddSubcommand(CLI::App& app, const char* pszName, const char* pszHelp) {
@@ -76,6 +80,15 @@ int Run(int argc, char** argv) {
     flory::CStabilityOptions stability;
     CLI::App* pStability = AddSubcommand(app, "stability", "Tabulate where solutions are stable");
     flory::DeclareStabilityOptions(*pStability, stability);
+    flory::CCriticalEndOptions criticalEnd;
+    CLI::App* pCriticalEnd = AddSubcommand(app, "critical-end", "Tabulate critical end points");
+    flory::DeclareCriticalEndOptions(*pCriticalEnd, criticalEnd);
+    flory::CTricriticalOptions tricritical;
+    CLI::App* pTricritical = AddSubcommand(app, "tricritical", "Find samples with a tricritical point");
+    flory::DeclareTricriticalOptions(*pTricritical, tricritical);
+    flory::CFitOptions fit;
+    CLI::App* pFit = AddSubcommand(app, "fit", "Fit chi(T) to measured points");
+    flory::DeclareFitOptions(*pFit, fit);
     std::vector<std::string> arguments = ArgumentsOf(argc, argv);
     CheckSubcommand(app, arguments);
     try {
@@ -89,6 +102,12 @@ int Run(int argc, char** argv) {
         flory::RunCopolymer(copolymer);
     } else if (*pThreePhases) {
         flory::RunThreePhases(threePhases);
+    } else if (*pCriticalEnd) {
+        flory::RunCriticalEnd(criticalEnd);
+    } else if (*pTricritical) {
+        flory::RunTricritical(tricritical);
+    } else if (*pFit) {
+        flory::RunFit(fit);
     } else {
         flory::RunStability(stability);
     }

@@ -22,20 +22,14 @@ Example:
 
 constexpr const char* THREE_PHASES_EXAMPLES =
     R"(The three-phase points of two chain lengths over the share w of the second one: the fraction phi of the solution, its
-temperature or chi, and the fractions of the two other phases. A share has none, one or several.
+temperature or chi, the fractions of the two other phases, and 3. A share has none, one or several. Where they end
+stands a critical end point, where two of the phases are the same: its last number is 2.
 
 Example:
   flory three-phases --chains 300,9000 --chi -0.2956,243.29 --w 0.001:0.05 --rows 50 -o three.txt)";
 
 CLI::Option* AddOutput(CLI::App& command, std::string& strOutput) {
     return command.add_option("-o,--output", strOutput, "text file of columns to write")->required();
-}
-
-void AppendRow(std::string& strText, const std::vector<double>& row) {
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        strText += (i > 0 ? "\t" : "") + tessara::FormatText("%.17g", row[i]);
-    }
-    strText += '\n';
 }
 
 CFractionRange FractionsOf(const char* pszOption, const std::string& strText) {
@@ -63,12 +57,11 @@ std::string TextOf(const CTable& table, const CThreePhasesOptions& options) {
     const bool bTemperature = chi.has_value();
     std::string strText = "# Three-phase points; chain lengths " + ListText(TwoChainsOf(options.solution));
     strText += chi ? "; chi = A + B/T, A and B " + ListText({chi->A(), chi->B()}) + " K\n" : "\n";
-    strText += bTemperature ? "w\tphi\tT\tshadow1\tshadow2\tchi\n" : "w\tphi\tchi\tshadow1\tshadow2\n";
-    const int nColumns = bTemperature ? 6 : 5; // the last is chi again
+    strText += bTemperature ? "w\tphi\tT\tshadow1\tshadow2\tchi\tphases\n"
+                            : "w\tphi\tchi\tshadow1\tshadow2\tphases\n";
     for (int i = 0; i < table.m_nPoints; ++i) {
         std::vector<double> row;
-        row.reserve(static_cast<std::size_t>(nColumns));
-        for (int n = 0; n < nColumns; ++n) {
+        for (const int n : bTemperature ? std::vector{0, 1, 2, 3, 4, 5, 6} : std::vector{0, 1, 2, 3, 4, 6}) {
             row.push_back(table.m_ppData[n][i]);
         }
         AppendRow(strText, row);

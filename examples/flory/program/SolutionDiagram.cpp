@@ -1,8 +1,10 @@
 #include "examples/flory/program/SolutionDiagram.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "examples/flory/model/BinodalSection.h"
+#include "examples/flory/model/MultiplePoints.h"
 #include "examples/flory/model/Spinodal.h"
 #include "examples/flory/program/Arguments.h"
 #include "examples/flory/program/DiagramParts.h"
@@ -67,6 +69,12 @@ void AddCloudPointCurve(tessara::DIAGRAM& diagram, const CSolutionPlan& plan, co
     AddPoint(diagram.critical, plan.ordinate, critical.dPhi, critical.dChi);
     for (const CThreePhasePoint& point : curve.ThreePhasePoints()) {
         AddPoint(diagram.multiphase, plan.ordinate, point.dPhi, point.dChi);
+    }
+    // The weights of a critical end point are typed with some digits only.
+    constexpr double NEAR = 1e-7;
+    const std::optional<double> margin = CriticalMargin(plan.sample);
+    if (margin && std::abs(*margin) < NEAR) {
+        AddPoint(diagram.multiphase, plan.ordinate, critical.dPhi, critical.dChi);
     }
 }
 

@@ -108,7 +108,8 @@ TEST_F(FlorySolution, SaysWhyAFileCannotBeWritten) {
 
 TEST(Flory, ShowsHelpWithExamplesAndItsVersion) {
     const std::string strHelp = RunCommand({"--help"}).strOutput;
-    for (const char* pszCommand : {"solution", "copolymer", "three-phases", "stability"}) {
+    for (const char* pszCommand :
+         {"solution", "copolymer", "three-phases", "critical-end", "tricritical", "fit", "stability"}) {
         const COMMANDRESULT help = RunCommand({pszCommand, "--help"});
         EXPECT_EQ(help.nExitCode, 0);
         EXPECT_THAT(help.strOutput, testing::AllOf(HasSubstr("Example"), HasSubstr("\n  flory ")));
@@ -219,7 +220,8 @@ TEST_F(FloryMaps, WritesThreePhasePoints) {
               0);
     EXPECT_THAT(Row("three.txt", 0),
                 testing::ElementsAre(testing::DoubleNear(0.01, 1e-12), testing::DoubleNear(0.0891387, 1e-7),
-                                     testing::DoubleNear(283.650, 1e-3), testing::_, testing::_, testing::_));
+                                     testing::DoubleNear(283.650, 1e-3), testing::_, testing::_, testing::_,
+                                     3));
 }
 
 TEST_F(FloryMaps, RefusesWithOneLine) {
