@@ -1,15 +1,10 @@
 #include "examples/flory/model/LinearEquations.h"
 
+#include <algorithm>
 #include <cmath>
-#include <cstddef>
-#include <numeric>
 #include <utility>
 
 namespace flory {
-
-double Product(const CVector& a, const CVector& b) {
-    return std::inner_product(a.begin(), a.end(), b.begin(), 0.);
-}
 
 CVector Unit(std::size_t nSize, std::size_t n) {
     CVector unit(nSize);

@@ -1,14 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
 namespace flory {
 
 using CVector = std::vector<double>;
-
-/// The sum of the products of the elements. REQUIRES: the same size.
-double Product(const CVector& a, const CVector& b);
 
 /// The n-th unit vector.
 CVector Unit(std::size_t nSize, std::size_t n);

@@ -70,7 +70,7 @@ void CPairGrid::KeepColumn(double dSigma) {
     for (std::size_t i = 0; i < m_thin.size(); ++i) {
         const double r = m_function.Sample().Length(i);
         m_less[i] = std::expm1(-dSigma * r);
-        m_thin[i] = m_less[i] + 1;
+        m_thin[i] = std::exp(-dSigma * r);
         m_mean[i] = m_less[i] * ExcessH(dSigma * r) / r;
     }
 }

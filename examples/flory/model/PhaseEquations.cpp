@@ -25,26 +25,27 @@ CVector CPhaseEquations::Unknowns(const CVector& sigmas, const CVector& volumes)
     return p;
 }
 
-/// What the pair of a phase and the next denser one adds up over the species, with the changes of each sum.
+/// What the pair of a phase and the next denser one adds up over the species, with the slopes of each sum.
 /// In the names of PhasePair, with M the sum of (a_i/r_i) E_i H(sigma r_i).
 class CPhaseEquations::CSums {
 public:
-    explicit CSums(std::size_t nUnknowns) : m_a0(nUnknowns), m_a1(nUnknowns), m_m(nUnknowns) {}
+    CSums(std::size_t nPair, double dSigma, std::size_t nUnknowns)
+        : m_nPair(nPair), m_dSigma(dSigma), m_a0(nUnknowns), m_a1(nUnknowns), m_m(nUnknowns) {}
 
-    /// The slopes are those of ln a_i; the last ones are of E_i and E_i H_i/r_i with ln(-sigma).
-    void Add(double dAmount, double dE, double dMean, const CVector& slopes) {
-        dA0 += dAmount;
-        dA1 += dAmount * dE;
-        dM += dAmount * dMean;
+    /// a_i of the denser phase, and the slopes of its logarithm.
+    void Add(double r, double dAmount, const CVector& slopes) {
+        const double x = m_dSigma * r;
+        const double dE = std::expm1(x), dH = ExcessH(x), dMean = dE * dH / r;
+        m_dA0 += dAmount;
+        m_dA1 += dAmount * dE;
+        m_dM += dAmount * dMean;
         for (std::size_t n = 0; n < slopes.size(); ++n) {
             m_a0[n] += dAmount * slopes[n];
             m_a1[n] += dAmount * slopes[n] * dE;
             m_m[n] += dAmount * slopes[n] * dMean;
         }
-    }
-    void AddSigma(std::size_t nUnknown, double dE, double dMean) {
-        m_a1[nUnknown] += dE;
-        m_m[nUnknown] += dMean;
+        m_a1[m_nPair] += dAmount * x * (dE + 1);
+        m_m[m_nPair] += dAmount * x / r * ((dE + 1) * dH + dE * ExcessHSlope(x));
     }
 
     struct CPair {
@@ -53,35 +54,40 @@ public:
         CVector logPhiSlopes;
         CVector logChiSlopes;
     };
-    CPair Pair(std::size_t nUnknown, double dSigma) const {
-        const double t = -InverseExcessH(dM / dA1);
+    CPair Pair() const {
+        const double t = -InverseExcessH(m_dM / m_dA1);
         const double dInverse = -1 / std::expm1(-t); // 1/u
-        const double dWhole = dA0 + dA1 * dInverse;
-        CPair pair{-std::log(dWhole), std::log((dSigma + t) / (2 * dA1) * dWhole), m_a0, m_a0};
+        const double dWhole = m_dA0 + m_dA1 * dInverse;
+        CPair pair{-std::log(dWhole), std::log((m_dSigma + t) / (2 * m_dA1) * dWhole), m_a0, m_a0};
         for (std::size_t n = 0; n < m_a0.size(); ++n) {
-            const double dT = -(m_m[n] - dM / dA1 * m_a1[n]) / dA1 / ExcessHSlope(-t);
+            const double dT = -(m_m[n] - m_dM / m_dA1 * m_a1[n]) / m_dA1 / ExcessHSlope(-t);
             const double dLogU = dT / std::expm1(t);
-            const double dLogPhi = -(m_a0[n] + dInverse * (m_a1[n] - dA1 * dLogU)) / dWhole;
+            const double dLogPhi = -(m_a0[n] + dInverse * (m_a1[n] - m_dA1 * dLogU)) / dWhole;
             pair.logPhiSlopes[n] = dLogPhi;
             pair.logChiSlopes[n] =
-                ((n == nUnknown ? dSigma : 0) + dT) / (dSigma + t) - dLogPhi - m_a1[n] / dA1;
+                ((n == m_nPair ? m_dSigma : 0) + dT) / (m_dSigma + t) - dLogPhi - m_a1[n] / m_dA1;
         }
         return pair;
     }
 
 private:
-    double dA0 = 0;
-    double dA1 = 0;
-    double dM = 0;
+    std::size_t m_nPair; ///< also the place of ln(-sigma) among the unknowns
+    double m_dSigma;
+    double m_dA0 = 0;
+    double m_dA1 = 0;
+    double m_dM = 0;
     CVector m_a0;
     CVector m_a1;
     CVector m_m;
 };
 
-CPhaseEquations::CLinear CPhaseEquations::At(const CVector& p) const {
+std::vector<CPhaseEquations::CSums> CPhaseEquations::Sums(const CVector& p) const {
     const std::size_t nPhases = Phases(p);
     const CVector sigmas = Sigmas(p);
-    std::vector<CSums> sums(nPhases - 1, CSums(p.size()));
+    std::vector<CSums> sums;
+    for (std::size_t k = 0; k + 1 < nPhases; ++k) {
+        sums.emplace_back(k, -std::exp(p[k]), p.size());
+    }
     CVector more(nPhases), slopes(p.size());
     for (std::size_t i = 0; i < m_sample.Species(); ++i) {
         const double r = m_sample.Length(i);
@@ -90,46 +96,46 @@ CPhaseEquations::CLinear CPhaseEquations::At(const CVector& p) const {
             more[k] = std::exp(sigmas[k] * r);
             dWhole += p[Volume(p, k)] * more[k];
         }
-        // How ln a_i of the densest phase changes; that of phase k by r_i for each unit of its sigma more.
+        // Of ln a_i in the densest phase; in a thinner one this is less by r_i for each unit of sigma
+        // between.
         double dShare = 0;
-        for (std::size_t k = 0; k + 1 < nPhases; ++k) {
-            dShare += p[Volume(p, k)] * more[k] / dWhole;
-            slopes[k] = std::exp(p[k]) * r * dShare;
-        }
         for (std::size_t k = 0; k < nPhases; ++k) {
             slopes[Volume(p, k)] = -more[k] / dWhole;
+            dShare += p[Volume(p, k)] * more[k] / dWhole;
+            if (k + 1 < nPhases) {
+                slopes[k] = std::exp(p[k]) * r * dShare;
+            }
         }
         for (std::size_t k = nPhases - 1; k-- > 0;) {
-            const double dSigma = -std::exp(p[k]), x = dSigma * r;
-            const double dAmount = m_sample.Weight(i) * more[k + 1] / dWhole;
-            const double dE = std::expm1(x), dH = ExcessH(x);
-            sums[k].Add(dAmount, dE, dE * dH / r, slopes);
-            sums[k].AddSigma(k, dAmount * x * (dE + 1),
-                             dAmount * x / r * ((dE + 1) * dH + dE * ExcessHSlope(x)));
-            slopes[k] += x;
+            sums[k].Add(r, m_sample.Weight(i) * more[k + 1] / dWhole, slopes);
+            slopes[k] -= std::exp(p[k]) * r;
         }
     }
+    return sums;
+}
+
+CPhaseEquations::CLinear CPhaseEquations::At(const CVector& p) const {
     CLinear at{{}, {}, 0, {}};
-    for (std::size_t k = 0; k + 1 < nPhases; ++k) {
-        CSums::CPair pair = sums[k].Pair(k, -std::exp(p[k]));
+    for (const CSums& sums : Sums(p)) {
+        CSums::CPair pair = sums.Pair();
         at.residuals.push_back(pair.dLogPhi - std::log(m_dPhi));
         at.slopes.push_back(std::move(pair.logPhiSlopes));
-        if (k == 0) {
+        if (at.logChiSlopes.empty()) {
             at.dLogChi = pair.dLogChi;
             at.logChiSlopes = std::move(pair.logChiSlopes);
-        } else {
-            at.residuals.push_back(pair.dLogChi - at.dLogChi);
-            for (std::size_t n = 0; n < p.size(); ++n) {
-                pair.logChiSlopes[n] -= at.logChiSlopes[n];
-            }
-            at.slopes.push_back(std::move(pair.logChiSlopes));
+            continue;
         }
+        for (std::size_t n = 0; n < p.size(); ++n) {
+            pair.logChiSlopes[n] -= at.logChiSlopes[n];
+        }
+        at.residuals.push_back(pair.dLogChi - at.dLogChi);
+        at.slopes.push_back(std::move(pair.logChiSlopes));
     }
     double dVolume = -1;
     CVector ones(p.size());
-    for (std::size_t k = 0; k < nPhases; ++k) {
-        dVolume += p[Volume(p, k)];
-        ones[Volume(p, k)] = 1;
+    for (std::size_t n = Volume(p, 0); n < p.size(); ++n) {
+        dVolume += p[n];
+        ones[n] = 1;
     }
     at.residuals.push_back(dVolume);
     at.slopes.push_back(std::move(ones));

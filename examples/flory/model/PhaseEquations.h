@@ -63,6 +63,7 @@ public:
 
 private:
     class CSums;
+    std::vector<CSums> Sums(const CVector& p) const;
 
     CSample m_sample;
     double m_dPhi;

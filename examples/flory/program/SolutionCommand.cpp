@@ -63,18 +63,21 @@ std::vector<std::string> NoteOf(const CSolutionOptions& options, const CSample& 
     return note;
 }
 
-/// The diagram, with remarks on standard error.
+/// The diagram; tells how far the work is, and what is to be said of the sections.
 tessara::DIAGRAM Computed(CSolutionPlan plan) {
-    CRowReport report(CRowReport::PATIENCE);
-    bool bGoOn = true;
     std::vector<std::string> remarks;
-    plan.progress = [&, progress = report.Progress()](int nDone, int nSteps) {
-        bGoOn = bGoOn && progress(nDone, nSteps);
-        return bGoOn;
-    };
     plan.remark = [&](const std::string& strRemark) { remarks.push_back(strRemark); };
-    tessara::DIAGRAM diagram = SolutionDiagram(plan);
-    report.Check(bGoOn);
+    tessara::DIAGRAM diagram;
+    {
+        CRowReport report(CRowReport::PATIENCE);
+        bool bGoOn = true;
+        plan.progress = [&, progress = report.Progress()](int nDone, int nSteps) {
+            bGoOn = bGoOn && progress(nDone, nSteps);
+            return bGoOn;
+        };
+        diagram = SolutionDiagram(plan);
+        report.Check(bGoOn);
+    }
     for (const std::string& strRemark : remarks) {
         tessara::Complain("flory", strRemark.c_str());
     }

@@ -9,6 +9,7 @@
 
 #include "examples/flory/model/CloudPointCurve.h"
 #include "examples/flory/model/LevelContour.h"
+#include "examples/flory/model/PairGrid.h"
 #include "examples/flory/model/PartTable.h"
 #include "examples/flory/model/Spinodal.h"
 
@@ -90,6 +91,20 @@ TEST(LevelContourTest, FollowsACircleAndLinesThatEndOnTheBorder) {
     EXPECT_EQ(waves.Lines().size(), 8u);
     const CLevelContour none(5, 5, [](double, double) { return 1.; });
     EXPECT_TRUE(none.Lines().empty());
+}
+
+TEST(PairGridTest, ExcessHasTheSignOfWhatThePairHasMore) {
+    const CCoexistenceFunction function(CSample({5, 100, 4000}, {0.5, 0.4, 0.1}));
+    CPairGrid grid(function, 2);
+    int nMore = 0;
+    for (double x = 3; x < CPairGrid::COLUMNS; x += 7.5) {
+        for (double y = 0; y < CPairGrid::ROWS; y += 2.5) {
+            const double dMore = grid.At(x, y).dPhi - 0.1;
+            EXPECT_EQ(grid.Excess(x, y, 0.1) > 0, dMore > 0) << x << ", " << y;
+            nMore += dMore > 0;
+        }
+    }
+    EXPECT_GT(nMore, 100);
 }
 
 TEST(BinodalSectionTest, OfOneSpeciesIsTheCoexistenceCurve) {
