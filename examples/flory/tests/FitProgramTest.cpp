@@ -39,9 +39,9 @@ protected:
         const COMMANDRESULT result = Run(strArguments);
         EXPECT_EQ(result.nExitCode, 0) << result.strErrors;
         EXPECT_EQ(result.strErrors, "");
-        EXPECT_THAT(result.strOutput, testing::AllOf(HasSubstr(strPoints), HasSubstr("degrees Celsius"),
-                                                     HasSubstr("\nb = 240.000")));
+        EXPECT_THAT(result.strOutput, testing::AllOf(HasSubstr(strPoints), HasSubstr("degrees Celsius")));
         EXPECT_THAT(result.strOutput, testing::ContainsRegex("\na = -0\\.(30000|29999)"));
+        EXPECT_THAT(result.strOutput, testing::ContainsRegex("\nb = (240\\.000|239\\.999)"));
     }
 };
 
@@ -81,7 +81,7 @@ TEST_F(FloryFit, RefusesWithOneLine) {
         {"@cold.txt", "-3 K is no temperature; --celsius"},
         {"@chi.txt --columns T_C", "--columns: "},
         {"@chi.txt --columns T_C,chi,phi", "--columns: two columns"},
-        {"@chi.txt --columns T_C,chi --chains 100", "is no polymer fraction|beyond the cloud-point curve"},
+        {"@critical.csv --chains 100", "50 is no polymer fraction"},
         {"@chi.txt --critical --composition", "--composition: "},
         {"@chi.txt -o @out.gif", "out.gif"},
         {"@chi.txt -o @none/out.png", "none/out.png"},

@@ -1,4 +1,6 @@
 #include <fstream>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -16,9 +18,13 @@ namespace {
 using namespace flory;
 using CJson = nlohmann::json;
 
-CJson Read(const char* pszName) {
+/// The entries of a file or of a list in it; never none.
+std::vector<CJson> Read(const char* pszName, const char* pszList = nullptr) {
     std::ifstream file(std::string(FLORY_REFERENCE) + "/" + pszName);
-    return CJson::parse(file);
+    const CJson whole = CJson::parse(file);
+    const CJson& list = pszList ? whole[pszList] : whole;
+    EXPECT_FALSE(list.empty());
+    return {list.begin(), list.end()};
 }
 
 CSample SampleOf(const CJson& entry) {
@@ -61,7 +67,7 @@ TEST(ReferenceTest, SectionsChangeTheirPhasesWhereTheyShould) {
 }
 
 TEST(ReferenceTest, CloudPointCurvesHaveTheirCuspsAndCorners) {
-    for (const CJson& entry : Read("critical.json")["cloud_curves"]) {
+    for (const CJson& entry : Read("critical.json", "cloud_curves")) {
         const CCloudPointCurve curve(SampleOf(entry));
         ASSERT_EQ(curve.Cusps().size(), entry["cusps"].size());
         ASSERT_EQ(curve.ThreePhasePoints().size(), entry["three_phase_points"].size());
@@ -77,7 +83,7 @@ TEST(ReferenceTest, CloudPointCurvesHaveTheirCuspsAndCorners) {
 
 TEST(ReferenceTest, CriticalEndPointsAreFound) {
     // Two shares of the last length for each mixture of the others.
-    const CJson points = Read("critical.json")["critical_end_points"];
+    const std::vector<CJson> points = Read("critical.json", "critical_end_points");
     for (std::size_t i = 0; i + 1 < points.size(); i += 2) {
         const CSample first = SampleOf(points[i]);
         const std::size_t nLast = first.Species() - 1;
@@ -103,7 +109,7 @@ TEST(ReferenceTest, CriticalEndPointsAreFound) {
 }
 
 TEST(ReferenceTest, TricriticalPointsAreFound) {
-    for (const CJson& entry : Read("critical.json")["tricritical_points"]) {
+    for (const CJson& entry : Read("critical.json", "tricritical_points")) {
         const auto lengths = entry["r"].get<std::vector<double>>();
         const CTricriticalPoint point =
             lengths.size() == 2 ? TricriticalPoint(lengths[0]) : TricriticalPoints(lengths).at(0);
