@@ -15,6 +15,7 @@ namespace {
 constexpr double FIRST_STEP = 0.01;
 constexpr double LONGEST_STEP = 0.5;
 constexpr double SHORTEST_STEP = 1e-10;
+constexpr int MOST_STEPS = 20000;
 /// What may lie between two states, so that lines between them look like curves, at the cloud point and at
 /// the maximum of chi: curves bend most near the former. Of fractions, and of the range of chi.
 constexpr double PHI_STEPS[] = {0.0015, 0.015};
@@ -28,6 +29,7 @@ constexpr double APART_REACH = 3e-4;
 /// An event may precede the run that it ends by this much of chi, and a state the last one: rounding.
 constexpr double SAME_CHI = 1e-10;
 constexpr double SAME_STATE_CHI = 1e-13;
+constexpr double AT_MAXIMUM = 1e-11;
 
 bool HasNegative(const CVector& volumes) {
     return std::any_of(volumes.begin(), volumes.end(), [](double d) { return !(d >= 0); });
@@ -120,7 +122,7 @@ bool CPhysicalPath::Begin() {
 
 void CPhysicalPath::Follow(const CRowProgress& progress) {
     double dStep = FIRST_STEP;
-    while (!m_bComplete && dStep > SHORTEST_STEP) {
+    for (int i = 0; i < MOST_STEPS && !m_bComplete && dStep > SHORTEST_STEP; ++i) {
         const bool bTaken = Step(dStep);
         dStep = bTaken ? std::min(1.4 * dStep, LONGEST_STEP) : dStep / 2;
         const double dDone = (m_dLastChi - m_dFirstChi) / (m_dMaxChi - m_dFirstChi);
@@ -241,21 +243,18 @@ bool CPhysicalPath::Take(const CVector& p) {
     if (!next || !IsNear(next->state) || HasNegative(next->state.volumes)) {
         return false;
     }
-    const std::size_t nUsedUp = Empty(p);
-    CVector left = p;
-    if (nUsedUp < next->state.Phases()) {
-        left = Without(p, nUsedUp);
-    }
     if (const auto rival = RivalOf(p, next->state)) {
         const auto onset = WithNew(p, *rival);
-        return onset && TakeChange(Without(*onset, Empty(*onset)), *onset);
+        return onset && m_equations.State(*onset).dChi <= next->state.dChi * (1 + SAME_CHI) &&
+               TakeChange(Without(*onset, Empty(*onset)), *onset);
     }
-    if (left.size() != p.size()) {
-        return TakeChange(p, left);
+    const std::size_t nUsedUp = Empty(p);
+    if (nUsedUp < next->state.Phases()) {
+        return TakeChange(p, Without(p, nUsedUp));
     }
     m_runs.back().push_back(next->state);
     m_dLastChi = next->state.dChi;
-    m_bComplete = m_dLastChi >= m_dMaxChi * (1 - 1e-14);
+    m_bComplete = m_dLastChi >= m_dMaxChi * (1 - AT_MAXIMUM);
     m_place = std::move(next);
     return true;
 }

@@ -209,6 +209,20 @@ TEST(BinodalSectionTest, OneStateAtEveryChi) {
     }
 }
 
+TEST(BinodalSectionTest, FourPhasesAreFollowed) {
+    const CBinodalSection section(CSample({10, 200, 4000}, {1, 0.03, 0.001}), 0.3);
+    const auto& lines = section.MultiphaseLines();
+    EXPECT_TRUE(
+        std::any_of(lines.begin(), lines.end(), [](const auto& line) { return line.front().Phases() == 4; }));
+}
+
+TEST(BinodalSectionTest, IsNotWholeWhenAborted) {
+    const CBinodalSection section(Bidisperse(), 0.12, 0, [](int nDone, int) { return nDone < 30; });
+    EXPECT_FALSE(section.IsComplete());
+    EXPECT_LT(section.LastChi(), 0.7 * section.MaxChi());
+    EXPECT_GT(section.LastChi(), CriticalPoint(Bidisperse()).dChi);
+}
+
 TEST(BinodalSectionTest, RefusesWhatIsNoSection) {
     EXPECT_THROW(CBinodalSection(Bidisperse(), 0), std::invalid_argument);
     EXPECT_THROW(CBinodalSection(Bidisperse(), NAN), std::invalid_argument);

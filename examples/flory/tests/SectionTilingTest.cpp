@@ -247,7 +247,7 @@ TEST(SectionTilingTest, StatesCoverEveryChiOnce) {
         {{100, 3000}, {0.9, 0.1}, 0.12},
         {{100, 3000}, {0.9, 0.1}, 0.12127},
         // Four phases.
-        {{10, 200, 4000}, {1, 0.03, 0.001}, 0.15},
+        {{10, 200, 4000}, {1, 0.03, 0.001}, 0.3},
         // Chains as short as the solvent, and a solution almost without solvent.
         {{1, 30}, {0.5, 0.5}, 0.3},
         {{100, 3000}, {0.9, 0.1}, 0.9},
