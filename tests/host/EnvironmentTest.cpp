@@ -221,7 +221,8 @@ TEST_F(HostEnvironment, TheViewerSaysThatItHasLostItsDisplay) {
                        {{"DISPLAY", server.GetName()}, {"XDG_CONFIG_HOME", m_programs.m_files.Path("")}});
     end.join();
     EXPECT_EQ(view.nExitCode, 2);
-    EXPECT_EQ(view.strErrors, "tessara: the connection to the display is lost\n");
+    // The library of the display may have words of its own before that, as it is asked first or not.
+    EXPECT_THAT(view.strErrors, testing::EndsWith("tessara: the connection to the display is lost\n"));
 }
 
 } // namespace

@@ -46,7 +46,7 @@ private:
 
     bool m_bTerminal;
     void (*m_pfnPrevious)(int); ///< who had Ctrl-C before
-    bool m_bShare = false; ///< a percentage, and not rows
+    bool m_bShare = false;      ///< a percentage, and not rows
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
     std::chrono::milliseconds m_patience{0};
     int m_nDone = 0;

@@ -46,8 +46,8 @@ struct CDrawState;
 /// in logical coordinates, to the device behind it. It starts in text mode with a black one-pixel pen, a
 /// white brush, black text on an opaque white background, which fills the cell of each text. Rectangles leave
 /// out their right and bottom edges. Nothing fails on odd coordinates: what lies far outside the device is
-/// cut off. Running out of memory throws CMemoryException; a picture that is being recorded is of no use then. No
-/// operation traps a program that has its floating-point traps on.
+/// cut off. Running out of memory throws CMemoryException; a picture that is being recorded is of no use
+/// then. No operation traps a program that has its floating-point traps on.
 ///
 /// Surfaces that are made for plots start with a transparent background instead, so that no text wipes out
 /// what is drawn beside it: CImageDC, CPdfDC, CSvgDC, CPrinterDC, and those that a view's OnPrepareDC, OnDraw
