@@ -115,6 +115,31 @@ std::optional<std::array<double, 2>> SolveTricritical(const SAMPLE& sampleOf, st
     return std::nullopt;
 }
 
+/// Whether both derivatives change their sign over a square of logarithms.
+template <class SAMPLE>
+bool MayVanish(const SAMPLE& sampleOf, std::array<double, 2> corner, double dSide) {
+    constexpr int N_CORNERS = 4;
+    int nPositive[2] = {0, 0};
+    for (int i = 0; i < N_CORNERS; ++i) {
+        const auto r = HigherDerivatives(sampleOf(corner[0] + i / 2 * dSide, corner[1] + i % 2 * dSide));
+        nPositive[0] += r[0] > 0;
+        nPositive[1] += r[1] > 0;
+    }
+    return nPositive[0] % N_CORNERS != 0 && nPositive[1] % N_CORNERS != 0;
+}
+
+/// Neighbouring squares may lead to the same one.
+void AddSolution(std::vector<std::array<double, 2>>& solutions,
+                 const std::optional<std::array<double, 2>>& solved) {
+    constexpr double SAME = 1e-6;
+    const auto same = [&](const std::array<double, 2>& other) {
+        return std::abs(other[0] - (*solved)[0]) + std::abs(other[1] - (*solved)[1]) < SAME;
+    };
+    if (solved && std::none_of(solutions.begin(), solutions.end(), same)) {
+        solutions.push_back(*solved);
+    }
+}
+
 } // namespace
 
 CSampleLine LineOfSamples(const std::vector<double>& lengths, std::size_t nLast, double dShare) {
@@ -205,31 +230,18 @@ std::vector<CTricriticalPoint> TricriticalPoints(const std::vector<double>& leng
     const double dReach = 6 * std::log(sorted[2] / sorted[0]) + 6;
     constexpr int N_CELLS = 160;
     const double dStep = 2 * dReach / N_CELLS;
-    std::vector<CTricriticalPoint> found;
     std::vector<std::array<double, 2>> solutions;
-    const auto place = [&](int i) { return -dReach + i * dStep; };
-    for (int i = 0; i < N_CELLS; ++i) {
-        for (int j = 0; j < N_CELLS; ++j) {
-            int nPositive[2] = {0, 0};
-            for (const auto& [di, dj] :
-                 {std::pair(0, 0), std::pair(0, 1), std::pair(1, 0), std::pair(1, 1)}) {
-                const auto r = HigherDerivatives(sampleOf(place(i + di), place(j + dj)));
-                nPositive[0] += r[0] > 0;
-                nPositive[1] += r[1] > 0;
-            }
-            const bool bBoth = nPositive[0] % 4 != 0 && nPositive[1] % 4 != 0;
-            const auto solved = bBoth
-                                    ? SolveTricritical(sampleOf, {place(i) + dStep / 2, place(j) + dStep / 2})
-                                    : std::nullopt;
-            const auto same = [&](const auto& other) {
-                return std::abs(other[0] - (*solved)[0]) + std::abs(other[1] - (*solved)[1]) < 1e-6;
-            };
-            if (solved && std::none_of(solutions.begin(), solutions.end(), same)) {
-                solutions.push_back(*solved);
-                const CSample sample = sampleOf((*solved)[0], (*solved)[1]);
-                found.push_back({sample, CriticalPoint(sample)});
-            }
+    for (int nCell = 0; nCell < N_CELLS * N_CELLS; ++nCell) {
+        const std::array<double, 2> corner = {-dReach + nCell / N_CELLS * dStep,
+                                              -dReach + nCell % N_CELLS * dStep};
+        if (MayVanish(sampleOf, corner, dStep)) {
+            AddSolution(solutions,
+                        SolveTricritical(sampleOf, {corner[0] + dStep / 2, corner[1] + dStep / 2}));
         }
+    }
+    std::vector<CTricriticalPoint> found;
+    for (const auto& [p0, p1] : solutions) {
+        found.push_back({sampleOf(p0, p1), CriticalPoint(sampleOf(p0, p1))});
     }
     return found;
 }
