@@ -11,7 +11,6 @@ namespace flory {
 namespace {
 
 constexpr int N_POINTS = 201;
-constexpr double ICE_POINT = 273.15;
 
 tessara::CColumnFile FileOf(const char* pszName, std::vector<double> x, std::vector<double> y) {
     tessara::COLUMN abscissa{1, "", std::move(x)};

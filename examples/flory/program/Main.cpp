@@ -31,10 +31,14 @@ Examples:
   flory fit chi.txt -o chi.png
   flory stability --chains 300,9000 --at-chi 0.56 --phi 0:0.2 --w 0:0.1 -o map.txt)";
 
-CLI::App* AddSubcommand(CLI::App& app, const char* pszName, const char* pszHelp) {
-    CLI::App* pCommand = app.add_subcommand(pszName, pszHelp);
+/// Adds a subcommand that runs once its options are read; they must outlive the parsing.
+template <class OPTIONS, class RUN>
+void AddSubcommand(CLI::App& app, const char* pszName, const char* pszHelp, OPTIONS& options,
+                   void (*pDeclare)(CLI::App&, OPTIONS&), RUN run) {
+    CLI::App* const pCommand = app.add_subcommand(pszName, pszHelp);
     pCommand->set_version_flag("--version", VERSION_LINE);
-    return pCommand;
+    pDeclare(*pCommand, options);
+    pCommand->callback([&options, run] { run(options); });
 }
 
 /// Tells what there is instead of a subcommand that is not.
@@ -69,47 +73,31 @@ int Run(int argc, char** argv) {
     app.footer(HELP);
     app.require_subcommand(1);
     flory::CSolutionOptions solution;
-    CLI::App* pSolution = AddSubcommand(app, SOLUTION, "Draw the phase diagram of a polymer solution");
-    flory::DeclareSolutionOptions(*pSolution, solution);
+    AddSubcommand(app, SOLUTION, "Draw the phase diagram of a polymer solution", solution,
+                  flory::DeclareSolutionOptions, flory::RunSolution);
     flory::CCopolymerOptions copolymer;
-    CLI::App* pCopolymer = AddSubcommand(app, "copolymer", "Draw the spinodal of a blend with a diblock");
-    flory::DeclareCopolymerOptions(*pCopolymer, copolymer);
+    AddSubcommand(app, "copolymer", "Draw the spinodal of a blend with a diblock", copolymer,
+                  flory::DeclareCopolymerOptions, flory::RunCopolymer);
     flory::CThreePhasesOptions threePhases;
-    CLI::App* pThreePhases = AddSubcommand(app, "three-phases", "Tabulate three-phase points");
-    flory::DeclareThreePhasesOptions(*pThreePhases, threePhases);
+    AddSubcommand(app, "three-phases", "Tabulate three-phase points", threePhases,
+                  flory::DeclareThreePhasesOptions, flory::RunThreePhases);
     flory::CStabilityOptions stability;
-    CLI::App* pStability = AddSubcommand(app, "stability", "Tabulate where solutions are stable");
-    flory::DeclareStabilityOptions(*pStability, stability);
+    AddSubcommand(app, "stability", "Tabulate where solutions are stable", stability,
+                  flory::DeclareStabilityOptions, flory::RunStability);
     flory::CCriticalEndOptions criticalEnd;
-    CLI::App* pCriticalEnd = AddSubcommand(app, "critical-end", "Tabulate critical end points");
-    flory::DeclareCriticalEndOptions(*pCriticalEnd, criticalEnd);
+    AddSubcommand(app, "critical-end", "Tabulate critical end points", criticalEnd,
+                  flory::DeclareCriticalEndOptions, flory::RunCriticalEnd);
     flory::CTricriticalOptions tricritical;
-    CLI::App* pTricritical = AddSubcommand(app, "tricritical", "Find samples with a tricritical point");
-    flory::DeclareTricriticalOptions(*pTricritical, tricritical);
+    AddSubcommand(app, "tricritical", "Find samples with a tricritical point", tricritical,
+                  flory::DeclareTricriticalOptions, flory::RunTricritical);
     flory::CFitOptions fit;
-    CLI::App* pFit = AddSubcommand(app, "fit", "Fit chi(T) to measured points");
-    flory::DeclareFitOptions(*pFit, fit);
+    AddSubcommand(app, "fit", "Fit chi(T) to measured points", fit, flory::DeclareFitOptions, flory::RunFit);
     std::vector<std::string> arguments = ArgumentsOf(argc, argv);
     CheckSubcommand(app, arguments);
     try {
         app.parse(arguments);
     } catch (const CLI::Success& answer) {
         return app.exit(answer);
-    }
-    if (*pSolution) {
-        flory::RunSolution(solution);
-    } else if (*pCopolymer) {
-        flory::RunCopolymer(copolymer);
-    } else if (*pThreePhases) {
-        flory::RunThreePhases(threePhases);
-    } else if (*pCriticalEnd) {
-        flory::RunCriticalEnd(criticalEnd);
-    } else if (*pTricritical) {
-        flory::RunTricritical(tricritical);
-    } else if (*pFit) {
-        flory::RunFit(fit);
-    } else {
-        flory::RunStability(stability);
     }
     return EXIT_SUCCESS;
 }

@@ -11,8 +11,6 @@ namespace flory {
 
 namespace {
 
-constexpr double ICE_POINT = 273.15; ///< K at 0 degrees Celsius
-
 Measured KindOf(const CMeasuredOptions& options) {
     const bool bCloudPoints = !options.solution.strChains.empty();
     if (options.bComposition && (bCloudPoints || options.bCritical)) {

@@ -10,6 +10,8 @@
 
 namespace flory {
 
+constexpr double ICE_POINT = 273.15; ///< K at 0 degrees Celsius
+
 /// What was measured, over the temperature.
 enum class Measured {
     Chi,                 ///< the interaction parameter

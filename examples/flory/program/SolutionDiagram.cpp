@@ -71,9 +71,12 @@ void AddCloudPointCurve(tessara::DIAGRAM& diagram, const CSolutionPlan& plan, co
         AddPoint(diagram.multiphase, plan.ordinate, point.dPhi, point.dChi);
     }
     // The weights of a critical end point are typed with some digits only.
-    constexpr double NEAR = 1e-7;
+    constexpr double NEAR = 1e-7, SAME = 1e-3;
     const std::optional<double> margin = CriticalMargin(plan.sample);
-    if (margin && std::abs(*margin) < NEAR) {
+    const bool bFound =
+        std::any_of(curve.ThreePhasePoints().begin(), curve.ThreePhasePoints().end(),
+                    [&](const CThreePhasePoint& p) { return std::abs(p.dPhi / critical.dPhi - 1) < SAME; });
+    if (margin && std::abs(*margin) < NEAR && !bFound) {
         AddPoint(diagram.multiphase, plan.ordinate, critical.dPhi, critical.dChi);
     }
 }

@@ -103,6 +103,17 @@ TEST(SolutionDiagramTest, PartsShareTheirEndsInTheFileAndHaveAllDigits) {
     EXPECT_EQ(read.y.symbol, "T~i / K~N");
 }
 
+TEST(SolutionDiagramTest, ACriticalEndPointIsMarkedOnceAsAMultiphasePoint) {
+    // As found, and as typed with fewer digits.
+    for (const double w : {0.039414444420535519, 0.0394144444, 0.03941444, 0.03941445, 3.559955362398181e-07,
+                           3.55995536e-07}) {
+        const tessara::DIAGRAM diagram = SolutionDiagram({CSample({100, 3000}, {1 - w, w}), {}});
+        ASSERT_EQ(diagram.critical.x.size(), 1u);
+        const auto near = testing::DoubleNear(diagram.critical.x[0], 1e-3 * diagram.critical.x[0]);
+        EXPECT_THAT(diagram.multiphase.x, testing::ElementsAre(near)) << w;
+    }
+}
+
 TEST(SolutionDiagramTest, ScalesShowWhatTheDiagramIsDrawnFor) {
     for (const bool bAround : {false, true}) {
         CSolutionPlan plan = Bidisperse(POLYSTYRENE);
