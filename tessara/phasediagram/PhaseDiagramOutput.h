@@ -154,8 +154,7 @@ public:
     void DrawRightBoundary(double x);
     void EnableCriticalPointsClicking(int bEnable);
 
-    /// Shows the crossings of the cloud-point curve with itself, or hides them. They are found once for a
-    /// binodal section.
+    /// Shows or hides the crossings of the cloud-point curve with itself, found once for a binodal section.
     void ToggleMultiphasePoints();
     int AreMultiphasePointsVisible();
     /// Shows a data rectangle only, or (ShowWhole) the whole diagram again. Does not paint.
@@ -188,11 +187,8 @@ public:
     // Read-out windows: Get Value lists the coordinates of a picked point, extended Get Value the lines of
     // AddFormatString, Cross Section asks for a section (WM_CROSSSECTION). Destroy them before the window
     // that shows the diagram; what is left goes with the diagram. Without a window its operations do nothing
-    // more than keep the diagram's own state.
-    //
-    // Setting elements, and Reset, empty the windows; the mark stays until the next paint on the screen.
-    // While found multiphase points are shown, a click on one lists its phases, as one on the cloud-point
-    // curve does.
+    // more than keep the diagram's own state. Setting elements, and Reset, empty the windows; the mark stays
+    // until the next paint on the screen. A click on a found multiphase point lists its phases.
 
     /// Each makes a hidden window for the window that shows the diagram.
     void CreateGetValue(CWnd* pParent);
