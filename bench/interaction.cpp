@@ -11,10 +11,10 @@
 #include "tessara/curveplot/OutputCurve.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/gdi/ImageDC.h"
-#include "tessara/platform/ui/ClientDC.h"
-#include "tessara/platform/ui/MessageUnpack.h"
-#include "tessara/platform/ui/Sync.h"
-#include "tessara/platform/ui/Wnd.h"
+#include "tessara/platform/ui/threads/MessageUnpack.h"
+#include "tessara/platform/ui/threads/Sync.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
+#include "tessara/platform/ui/windows/Wnd.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "cli/view/ViewerApp.h"
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/gdi/GraphicsException.h"
-#include "tessara/platform/ui/System.h"
+#include "tessara/platform/ui/windows/System.h"
 
 namespace tessara {
 

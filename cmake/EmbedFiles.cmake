@@ -15,7 +15,7 @@ if(CMAKE_SCRIPT_MODE_FILE)
     string(APPEND arrays "constexpr unsigned char ${kind}_${number}[] = {${bytes}};\n")
     string(APPEND table "    {tessara::EFileResource::${kind}, ${number}, ${kind}_${number}},\n")
   endforeach()
-  file(WRITE ${OUTPUT} "#include \"tessara/platform/ui/Resources.h\"\n\nnamespace {\n\n${arrays}\n"
+  file(WRITE ${OUTPUT} "#include \"tessara/platform/ui/resources/Resources.h\"\n\nnamespace {\n\n${arrays}\n"
     "constexpr tessara::CFileResource FILES[] = {\n${table}};\n\n} // namespace\n\n"
     "std::span<const tessara::CFileResource> ${FUNCTION}();\n"
     "std::span<const tessara::CFileResource> ${FUNCTION}() {\n    return FILES;\n}\n")

@@ -6,8 +6,8 @@
 #include "cli/view/ViewerResources.h"
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/Number.h"
-#include "tessara/platform/ui/Button.h"
-#include "tessara/platform/ui/Resources.h"
+#include "tessara/platform/ui/controls/Button.h"
+#include "tessara/platform/ui/resources/Resources.h"
 
 namespace tessara {
 

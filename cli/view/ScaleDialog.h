@@ -5,7 +5,7 @@
 #include <string>
 
 #include "cli/view/ShownPlot.h"
-#include "tessara/platform/ui/Dialog.h"
+#include "tessara/platform/ui/dialogs/Dialog.h"
 
 namespace tessara {
 

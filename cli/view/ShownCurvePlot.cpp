@@ -8,8 +8,8 @@
 #include "cli/view/ShownWindow.h"
 #include "cli/view/ValuesText.h"
 #include "tessara/platform/base/Number.h"
-#include "tessara/platform/ui/ClientDC.h"
-#include "tessara/platform/ui/Pointer.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
+#include "tessara/platform/ui/windows/Pointer.h"
 #include "tessara/plot/LibraryCursors.h"
 
 namespace tessara {

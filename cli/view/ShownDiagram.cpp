@@ -3,7 +3,7 @@
 #include "cli/view/DiagramValues.h"
 #include "cli/view/SectionPlot.h"
 #include "cli/view/ShownWindow.h"
-#include "tessara/platform/ui/Pointer.h"
+#include "tessara/platform/ui/windows/Pointer.h"
 
 namespace tessara {
 

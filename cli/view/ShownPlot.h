@@ -7,7 +7,7 @@
 #include "cli/AxisScale.h"
 #include "cli/Picture.h"
 #include "tessara/numeric/Table.h"
-#include "tessara/platform/ui/Wnd.h"
+#include "tessara/platform/ui/windows/Wnd.h"
 #include "tessara/plot/PixelMap.h"
 #include "tessara/plot/ZoomWindow.h"
 

@@ -1,7 +1,7 @@
 #include "cli/view/ViewerAboutDialog.h"
 
 #include "cli/view/ViewerResources.h"
-#include "tessara/platform/ui/Resources.h"
+#include "tessara/platform/ui/resources/Resources.h"
 
 namespace tessara {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "tessara/platform/ui/Dialog.h"
+#include "tessara/platform/ui/dialogs/Dialog.h"
 
 namespace tessara {
 

@@ -8,7 +8,7 @@
 
 #include "cli/PictureSize.h"
 #include "cli/view/ShownPlot.h"
-#include "tessara/platform/ui/WinApp.h"
+#include "tessara/platform/ui/frames/WinApp.h"
 
 namespace tessara {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "cli/view/ViewerResources.h"
-#include "tessara/platform/ui/ClientDC.h"
-#include "tessara/platform/ui/System.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
+#include "tessara/platform/ui/windows/System.h"
 
 namespace tessara {
 

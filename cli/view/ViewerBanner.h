@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tessara/platform/ui/Button.h"
-#include "tessara/platform/ui/Static.h"
+#include "tessara/platform/ui/controls/Button.h"
+#include "tessara/platform/ui/controls/Static.h"
 
 namespace tessara {
 

@@ -9,7 +9,7 @@
 
 #include "cli/PictureOptions.h"
 #include "tessara/platform/base/Exception.h"
-#include "tessara/platform/ui/Clipboard.h"
+#include "tessara/platform/ui/windows/Clipboard.h"
 
 namespace tessara {
 

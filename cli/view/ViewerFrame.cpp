@@ -10,11 +10,11 @@
 #include "cli/view/ViewerResources.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/base/Exception.h"
-#include "tessara/platform/ui/CmdUI.h"
-#include "tessara/platform/ui/Edit.h"
-#include "tessara/platform/ui/FileDialog.h"
-#include "tessara/platform/ui/ListBox.h"
-#include "tessara/platform/ui/WaitCursor.h"
+#include "tessara/platform/ui/controls/Edit.h"
+#include "tessara/platform/ui/controls/ListBox.h"
+#include "tessara/platform/ui/dialogs/FileDialog.h"
+#include "tessara/platform/ui/frames/CmdUI.h"
+#include "tessara/platform/ui/windows/WaitCursor.h"
 
 namespace tessara {
 

@@ -4,10 +4,10 @@
 
 #include "cli/view/ViewerBanner.h"
 #include "cli/view/ViewerView.h"
-#include "tessara/platform/ui/FileWatch.h"
-#include "tessara/platform/ui/FrameWnd.h"
-#include "tessara/platform/ui/StatusBar.h"
-#include "tessara/platform/ui/ToolBar.h"
+#include "tessara/platform/ui/frames/FileWatch.h"
+#include "tessara/platform/ui/frames/FrameWnd.h"
+#include "tessara/platform/ui/frames/StatusBar.h"
+#include "tessara/platform/ui/frames/ToolBar.h"
 
 namespace tessara {
 

@@ -5,8 +5,8 @@
 
 #include "cli/view/ViewerResources.h"
 #include "tessara/platform/base/StringResources.h"
-#include "tessara/platform/ui/Resources.h"
-#include "tessara/platform/ui/System.h"
+#include "tessara/platform/ui/resources/Resources.h"
+#include "tessara/platform/ui/windows/System.h"
 
 namespace tessara {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tessara/platform/ui/Dialog.h"
-#include "tessara/platform/ui/ListCtrl.h"
+#include "tessara/platform/ui/controls/ListCtrl.h"
+#include "tessara/platform/ui/dialogs/Dialog.h"
 
 namespace tessara {
 

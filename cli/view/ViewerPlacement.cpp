@@ -4,10 +4,10 @@
 #include <array>
 #include <optional>
 
-#include "tessara/platform/ui/Commands.h"
-#include "tessara/platform/ui/FrameWnd.h"
-#include "tessara/platform/ui/System.h"
-#include "tessara/platform/ui/WinApp.h"
+#include "tessara/platform/ui/frames/Commands.h"
+#include "tessara/platform/ui/frames/FrameWnd.h"
+#include "tessara/platform/ui/frames/WinApp.h"
+#include "tessara/platform/ui/windows/System.h"
 
 namespace tessara {
 

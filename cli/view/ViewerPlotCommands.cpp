@@ -3,8 +3,8 @@
 #include "cli/view/ScaleDialog.h"
 #include "cli/view/ViewerResources.h"
 #include "tessara/platform/base/Exception.h"
-#include "tessara/platform/ui/CmdUI.h"
-#include "tessara/platform/ui/WaitCursor.h"
+#include "tessara/platform/ui/frames/CmdUI.h"
+#include "tessara/platform/ui/windows/WaitCursor.h"
 
 namespace tessara {
 

@@ -1,7 +1,7 @@
 #include "cli/view/ViewerResources.h"
 #include "cli/view/ViewerIcons.h"
 #include "tessara/platform/base/StringResources.h"
-#include "tessara/platform/ui/Resources.h"
+#include "tessara/platform/ui/resources/Resources.h"
 
 // The tables.
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "tessara/platform/ui/Commands.h"
-#include "tessara/platform/ui/MenuResources.h"
+#include "tessara/platform/ui/frames/Commands.h"
+#include "tessara/platform/ui/resources/MenuResources.h"
 
 // The viewer's menus, keys, buttons, texts and icons.
 

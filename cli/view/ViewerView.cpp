@@ -3,9 +3,9 @@
 #include "cli/view/ViewerFrame.h"
 #include "cli/view/ViewerResources.h"
 #include "cli/view/ViewerState.h"
-#include "tessara/platform/ui/CmdUI.h"
-#include "tessara/platform/ui/Menu.h"
-#include "tessara/platform/ui/System.h"
+#include "tessara/platform/ui/frames/CmdUI.h"
+#include "tessara/platform/ui/frames/Menu.h"
+#include "tessara/platform/ui/windows/System.h"
 
 namespace tessara {
 

@@ -5,7 +5,7 @@
 
 #include "cli/view/ViewerPlotCommands.h"
 #include "cli/view/ViewerZoom.h"
-#include "tessara/platform/ui/View.h"
+#include "tessara/platform/ui/frames/View.h"
 
 namespace tessara {
 

@@ -6,7 +6,7 @@
 
 #include "cli/view/ViewerResources.h"
 #include "cli/view/ZoomRange.h"
-#include "tessara/platform/ui/CmdUI.h"
+#include "tessara/platform/ui/frames/CmdUI.h"
 
 namespace tessara {
 

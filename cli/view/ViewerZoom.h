@@ -2,7 +2,7 @@
 
 #include "cli/view/ShownPlot.h"
 #include "cli/view/ZoomHistory.h"
-#include "tessara/platform/ui/CmdTarget.h"
+#include "tessara/platform/ui/threads/CmdTarget.h"
 
 namespace tessara {
 

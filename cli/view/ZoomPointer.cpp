@@ -1,6 +1,6 @@
 #include "cli/view/ZoomPointer.h"
 
-#include "tessara/platform/ui/Pointer.h"
+#include "tessara/platform/ui/windows/Pointer.h"
 #include "tessara/plot/LibraryCursors.h"
 
 namespace tessara {

@@ -2,8 +2,8 @@
 
 #include "tessara/curveplot/OutputCurve.h"
 #include "tessara/platform/base/Number.h"
-#include "tessara/platform/ui/ListBox.h"
-#include "tessara/platform/ui/MessageBox.h"
+#include "tessara/platform/ui/controls/ListBox.h"
+#include "tessara/platform/ui/dialogs/MessageBox.h"
 #include "tessara/plot/ValueListItem.h"
 
 IMPLEMENT_DYNAMIC(CGetValueDialog, CDialog)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tessara/platform/base/StringArray.h"
-#include "tessara/platform/ui/Dialog.h"
+#include "tessara/platform/ui/dialogs/Dialog.h"
 
 class COutputCurve;
 

@@ -7,7 +7,7 @@
 #include "tessara/curveplot/OutputCurve.h"
 #include "tessara/numeric/PartRecords.h"
 #include "tessara/numeric/Table.h"
-#include "tessara/platform/ui/Pointer.h"
+#include "tessara/platform/ui/windows/Pointer.h"
 #include "tessara/plot/LibraryCursors.h"
 #include "tessara/plot/PageDC.h"
 #include "tessara/plot/PlotArea.h"

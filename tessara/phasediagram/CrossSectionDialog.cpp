@@ -1,8 +1,8 @@
 #include "tessara/phasediagram/CrossSectionDialog.h"
 
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
-#include "tessara/platform/ui/ListBox.h"
-#include "tessara/platform/ui/MessageBox.h"
+#include "tessara/platform/ui/controls/ListBox.h"
+#include "tessara/platform/ui/dialogs/MessageBox.h"
 
 namespace tessara {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tessara/platform/ui/ListBox.h"
+#include "tessara/platform/ui/controls/ListBox.h"
 
 /// A list of indexed text whose parent draws and measures the items.
 class TESSARA_API CMathList : public CListBox {

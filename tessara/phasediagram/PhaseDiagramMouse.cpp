@@ -1,6 +1,6 @@
 #include "tessara/phasediagram/CrossSectionDialog.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
-#include "tessara/platform/ui/Pointer.h"
+#include "tessara/platform/ui/windows/Pointer.h"
 #include "tessara/plot/LibraryCursors.h"
 #include "tessara/plot/PageDC.h"
 

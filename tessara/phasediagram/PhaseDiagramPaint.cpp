@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
-#include "tessara/platform/ui/WaitCursor.h"
+#include "tessara/platform/ui/windows/WaitCursor.h"
 #include "tessara/platform/vellum/Stippled.h"
 #include "tessara/plot/AxisGrid.h"
 #include "tessara/plot/Canvas.h"

@@ -5,7 +5,7 @@
 #include "tessara/phasediagram/NearestRow.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
 #include "tessara/platform/base/Number.h"
-#include "tessara/platform/ui/WinThread.h"
+#include "tessara/platform/ui/threads/WinThread.h"
 
 // The read-out windows of a diagram, and the numbers that they show.
 

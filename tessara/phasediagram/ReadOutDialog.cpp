@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
-#include "tessara/platform/ui/ListBox.h"
-#include "tessara/platform/ui/System.h"
+#include "tessara/platform/ui/controls/ListBox.h"
+#include "tessara/platform/ui/windows/System.h"
 #include "tessara/plot/ValueListItem.h"
 
 namespace tessara {

@@ -4,7 +4,7 @@
 
 #include "tessara/platform/base/String.h"
 #include "tessara/platform/base/StringArray.h"
-#include "tessara/platform/ui/Dialog.h"
+#include "tessara/platform/ui/dialogs/Dialog.h"
 
 class CListBox;
 class CPhaseDiagramOutput;

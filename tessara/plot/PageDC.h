@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tessara/platform/ui/ClientDC.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
 #include "tessara/plot/Page.h"
 
 namespace tessara {

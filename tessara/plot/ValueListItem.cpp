@@ -1,7 +1,7 @@
 #include "tessara/plot/ValueListItem.h"
 
-#include "tessara/platform/ui/ClientDC.h"
-#include "tessara/platform/ui/System.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
+#include "tessara/platform/ui/windows/System.h"
 #include "tessara/plot/IndexedText.h"
 
 namespace tessara {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tessara/platform/ui/Wnd.h"
+#include "tessara/platform/ui/windows/Wnd.h"
 
 // Lists of indexed text, as read-out windows have them. The list is drawn by its owner and keeps no strings:
 // an item's data is the address of its text.

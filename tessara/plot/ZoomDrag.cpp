@@ -1,8 +1,8 @@
 #include "tessara/plot/ZoomDrag.h"
 
-#include "tessara/platform/ui/ClientDC.h"
-#include "tessara/platform/ui/MessageBox.h"
-#include "tessara/platform/ui/Pointer.h"
+#include "tessara/platform/ui/dialogs/MessageBox.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
+#include "tessara/platform/ui/windows/Pointer.h"
 
 namespace tessara {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "tessara/platform/gdi/Geometry.h"
-#include "tessara/platform/ui/Wnd.h"
+#include "tessara/platform/ui/windows/Wnd.h"
 
 namespace tessara {
 

@@ -1,6 +1,6 @@
-#include "tessara/platform/ui/ControlClasses.h"
-#include "tessara/platform/ui/Resources.h"
-#include "tessara/platform/ui/Styles.h"
+#include "tessara/platform/ui/controls/ControlClasses.h"
+#include "tessara/platform/ui/resources/Resources.h"
+#include "tessara/platform/ui/windows/Styles.h"
 
 // The library's dialogs.
 

@@ -1,4 +1,4 @@
-#include "tessara/platform/ui/LibraryResources.h"
+#include "tessara/platform/ui/resources/LibraryResources.h"
 
 /// The dialogs of this folder, and its files as the build embeds them.
 std::span<const tessara::CDialogTemplate> LibraryDialogs();

@@ -2,8 +2,8 @@
 
 #include "cli/view/ShownPlot.h"
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
-#include "tessara/platform/ui/Loop.h"
-#include "tessara/platform/ui/WinApp.h"
+#include "tessara/platform/ui/frames/WinApp.h"
+#include "tessara/platform/ui/threads/Loop.h"
 #include "tests/cli/Folder.h"
 #include "tests/cli/Outcome.h"
 #include "tests/support/PlotWindow.h"

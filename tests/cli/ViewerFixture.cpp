@@ -6,8 +6,8 @@
 #include <QTimer>
 #include <QWheelEvent>
 
-#include "tessara/platform/qt/Peer.h"
-#include "tessara/platform/ui/Loop.h"
+#include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/ui/threads/Loop.h"
 
 using namespace tessara;
 

@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "tessara/platform/base/Exception.h"
-#include "tessara/platform/ui/ClientDC.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
 
 using namespace tessara;
 

@@ -3,7 +3,7 @@
 #include <QApplication>
 
 #include "tessara/phasediagram/PhaseDiagramOutput.h"
-#include "tessara/platform/ui/Loop.h"
+#include "tessara/platform/ui/threads/Loop.h"
 
 using namespace tessara;
 

@@ -7,8 +7,8 @@
 #include <QPushButton>
 #include <filesystem>
 
-#include "tessara/platform/qt/Peer.h"
-#include "tessara/platform/ui/Edit.h"
+#include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/ui/controls/Edit.h"
 #include "tests/cli/ViewerFixture.h"
 
 using namespace tessara;

@@ -9,7 +9,7 @@
 
 #include "tessara/platform/gdi/PdfDC.h"
 #include "tessara/platform/gdi/SvgDC.h"
-#include "tessara/platform/ui/Resources.h"
+#include "tessara/platform/ui/resources/Resources.h"
 #include "tests/cli/Folder.h"
 #include "tests/gdi/Surfaces.h"
 #include "tests/support/LoggedSurface.h"

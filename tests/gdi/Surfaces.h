@@ -8,7 +8,7 @@
 #include "tessara/platform/gdi/ImageDC.h"
 #include "tessara/platform/gdi/MetaFileDC.h"
 #include "tessara/platform/gdi/MetafileRecorder.h"
-#include "tessara/platform/qt/PainterSink.h"
+#include "tessara/platform/qt/drawing/PainterSink.h"
 #include "tests/support/MetafileReader.h"
 
 inline void SelectFont(CDC& dc, LONG nHeight, const char* pszFace) {

@@ -7,7 +7,7 @@ import pathlib
 import re
 import sys
 
-# A folder includes itself and folders of lower levels.
+# A folder includes itself and folders of lower levels. A folder inside one of these is a room of it and shares its level.
 LEVELS = {
     "tessara/platform/base": 0,
     "tessara/platform/files": 1,
@@ -45,7 +45,12 @@ def includes(path):
 
 
 def folder_of(name):
-    return name.rpartition("/")[0]
+    """The folder with a level in which a file lies; its own folder where none has one."""
+    folder = name.rpartition("/")[0]
+    for above in (folder, *map(str, pathlib.PurePosixPath(folder).parents)):
+        if above in LEVELS and above != "tessara":
+            return above
+    return folder
 
 
 def fault_of_own(folder, included):

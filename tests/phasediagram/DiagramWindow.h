@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tessara/platform/ui/Loop.h"
-#include "tessara/platform/ui/WinApp.h"
+#include "tessara/platform/ui/frames/WinApp.h"
+#include "tessara/platform/ui/threads/Loop.h"
 #include "tests/phasediagram/Diagrams.h"
 #include "tests/support/PlotWindow.h"
 

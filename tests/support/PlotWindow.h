@@ -17,11 +17,11 @@
 #include <vector>
 
 #include "tessara/platform/base/Text.h"
-#include "tessara/platform/qt/Peer.h"
-#include "tessara/platform/ui/ClientDC.h"
-#include "tessara/platform/ui/ListBox.h"
-#include "tessara/platform/ui/WindowTable.h"
-#include "tessara/platform/ui/Wnd.h"
+#include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/ui/controls/ListBox.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
+#include "tessara/platform/ui/windows/WindowTable.h"
+#include "tessara/platform/ui/windows/Wnd.h"
 
 namespace tessara {
 

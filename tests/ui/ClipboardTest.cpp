@@ -1,4 +1,4 @@
-#include "tessara/platform/ui/Clipboard.h"
+#include "tessara/platform/ui/windows/Clipboard.h"
 
 #include <QBuffer>
 #include <QClipboard>

@@ -8,10 +8,10 @@
 #include <QTimer>
 
 #include "tessara/platform/base/Exception.h"
-#include "tessara/platform/qt/Peer.h"
-#include "tessara/platform/ui/Sync.h"
-#include "tessara/platform/ui/WinThread.h"
-#include "tessara/platform/ui/WindowTable.h"
+#include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/ui/threads/Sync.h"
+#include "tessara/platform/ui/threads/WinThread.h"
+#include "tessara/platform/ui/windows/WindowTable.h"
 #include "tests/ui/Specimen.h"
 
 namespace {

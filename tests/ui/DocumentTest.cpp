@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "tessara/platform/base/Exception.h"
-#include "tessara/platform/ui/ClientDC.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
 #include "tests/ui/Frames.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "tessara/platform/ui/FileDialog.h"
+#include "tessara/platform/ui/dialogs/FileDialog.h"
 
 #include <QComboBox>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-#include "tessara/platform/ui/FileWatch.h"
+#include "tessara/platform/ui/frames/FileWatch.h"
 
 #include <filesystem>
 #include <fstream>

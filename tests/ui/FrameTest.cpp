@@ -6,9 +6,9 @@
 #include <QToolButton>
 
 #include "tessara/platform/base/Exception.h"
-#include "tessara/platform/ui/ClientDC.h"
-#include "tessara/platform/ui/System.h"
-#include "tessara/platform/ui/WindowTable.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
+#include "tessara/platform/ui/windows/System.h"
+#include "tessara/platform/ui/windows/WindowTable.h"
 #include "tests/ui/Frames.h"
 
 namespace {

@@ -14,16 +14,16 @@
 
 #include "tessara/platform/base/Archive.h"
 #include "tessara/platform/base/StringResources.h"
-#include "tessara/platform/qt/Peer.h"
-#include "tessara/platform/ui/CmdUI.h"
-#include "tessara/platform/ui/Commands.h"
-#include "tessara/platform/ui/FrameWnd.h"
-#include "tessara/platform/ui/Loop.h"
-#include "tessara/platform/ui/MenuResources.h"
-#include "tessara/platform/ui/StatusBar.h"
-#include "tessara/platform/ui/ToolBar.h"
-#include "tessara/platform/ui/View.h"
-#include "tessara/platform/ui/WinApp.h"
+#include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/ui/frames/CmdUI.h"
+#include "tessara/platform/ui/frames/Commands.h"
+#include "tessara/platform/ui/frames/FrameWnd.h"
+#include "tessara/platform/ui/frames/StatusBar.h"
+#include "tessara/platform/ui/frames/ToolBar.h"
+#include "tessara/platform/ui/frames/View.h"
+#include "tessara/platform/ui/frames/WinApp.h"
+#include "tessara/platform/ui/resources/MenuResources.h"
+#include "tessara/platform/ui/threads/Loop.h"
 
 // A small program with one document, for tests of frames and documents.
 

@@ -12,8 +12,8 @@
 #include <QTimer>
 #include <cstdio>
 
-#include "tessara/platform/qt/Peer.h"
-#include "tessara/platform/ui/WindowTable.h"
+#include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/ui/windows/WindowTable.h"
 #include "tests/ui/Specimen.h"
 
 namespace {

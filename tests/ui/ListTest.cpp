@@ -6,7 +6,7 @@
 #include <QTest>
 #include <cstring>
 
-#include "tessara/platform/ui/ClientDC.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
 #include "tests/ui/SpecimenFixture.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tessara/platform/ui/Wnd.h"
+#include "tessara/platform/ui/windows/Wnd.h"
 
 namespace {
 

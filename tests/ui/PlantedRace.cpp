@@ -3,7 +3,7 @@
 
 #include <atomic>
 
-#include "tessara/platform/ui/WinThread.h"
+#include "tessara/platform/ui/threads/WinThread.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include <cstring>
 
 #include "tessara/platform/files/ModulePath.h"
-#include "tessara/platform/ui/Resources.h"
-#include "tessara/platform/ui/System.h"
+#include "tessara/platform/ui/resources/Resources.h"
+#include "tessara/platform/ui/windows/System.h"
 #include "tests/ui/Frames.h"
 
 namespace {

@@ -4,9 +4,9 @@
 
 #include "tessara/platform/base/String.h"
 #include "tessara/platform/base/StringResources.h"
-#include "tessara/platform/qt/Application.h"
-#include "tessara/platform/qt/Pictures.h"
-#include "tessara/platform/ui/Resources.h"
+#include "tessara/platform/qt/application/Application.h"
+#include "tessara/platform/qt/drawing/Pictures.h"
+#include "tessara/platform/ui/resources/Resources.h"
 
 namespace {
 

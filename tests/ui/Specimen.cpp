@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "tessara/platform/ui/ClientDC.h"
-#include "tessara/platform/ui/ControlClasses.h"
-#include "tessara/platform/ui/Resources.h"
+#include "tessara/platform/ui/controls/ControlClasses.h"
+#include "tessara/platform/ui/resources/Resources.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
 
 namespace {
 

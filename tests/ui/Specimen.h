@@ -1,15 +1,15 @@
 #pragma once
 
-#include "tessara/platform/ui/AnimateCtrl.h"
-#include "tessara/platform/ui/Button.h"
-#include "tessara/platform/ui/Dialog.h"
-#include "tessara/platform/ui/Edit.h"
-#include "tessara/platform/ui/ListBox.h"
-#include "tessara/platform/ui/ListCtrl.h"
-#include "tessara/platform/ui/ProgressCtrl.h"
-#include "tessara/platform/ui/SliderCtrl.h"
-#include "tessara/platform/ui/SpinButtonCtrl.h"
-#include "tessara/platform/ui/Static.h"
+#include "tessara/platform/ui/controls/AnimateCtrl.h"
+#include "tessara/platform/ui/controls/Button.h"
+#include "tessara/platform/ui/controls/Edit.h"
+#include "tessara/platform/ui/controls/ListBox.h"
+#include "tessara/platform/ui/controls/ListCtrl.h"
+#include "tessara/platform/ui/controls/ProgressCtrl.h"
+#include "tessara/platform/ui/controls/SliderCtrl.h"
+#include "tessara/platform/ui/controls/SpinButtonCtrl.h"
+#include "tessara/platform/ui/controls/Static.h"
+#include "tessara/platform/ui/dialogs/Dialog.h"
 
 // A dialog with every control, for tests and to look at.
 

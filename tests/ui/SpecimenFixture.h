@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-#include "tessara/platform/qt/Peer.h"
+#include "tessara/platform/qt/windows/Peer.h"
 #include "tests/ui/Specimen.h"
 
 /// An open dialog with every control and the user's hands.

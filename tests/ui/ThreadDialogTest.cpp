@@ -5,11 +5,11 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "tessara/platform/ui/Dialog.h"
-#include "tessara/platform/ui/ProgressCtrl.h"
-#include "tessara/platform/ui/Resources.h"
-#include "tessara/platform/ui/WinThread.h"
-#include "tessara/platform/ui/WindowTable.h"
+#include "tessara/platform/ui/controls/ProgressCtrl.h"
+#include "tessara/platform/ui/dialogs/Dialog.h"
+#include "tessara/platform/ui/resources/Resources.h"
+#include "tessara/platform/ui/threads/WinThread.h"
+#include "tessara/platform/ui/windows/WindowTable.h"
 
 namespace {
 

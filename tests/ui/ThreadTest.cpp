@@ -6,11 +6,11 @@
 #include <atomic>
 
 #include "tessara/platform/base/Exception.h"
-#include "tessara/platform/qt/Peer.h"
-#include "tessara/platform/ui/ClientDC.h"
-#include "tessara/platform/ui/Mailbox.h"
-#include "tessara/platform/ui/WinThread.h"
-#include "tessara/platform/ui/WindowTable.h"
+#include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/ui/threads/Mailbox.h"
+#include "tessara/platform/ui/threads/WinThread.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
+#include "tessara/platform/ui/windows/WindowTable.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 #include <QApplication>
 #include <QTest>
 
-#include "tessara/platform/qt/Peer.h"
-#include "tessara/platform/ui/ClientDC.h"
-#include "tessara/platform/ui/Sync.h"
-#include "tessara/platform/ui/WindowTable.h"
+#include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/ui/threads/Sync.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
+#include "tessara/platform/ui/windows/WindowTable.h"
 
 namespace {
 

@@ -1,0 +1,148 @@
+#include <QPainter>
+#include <QTimer>
+#include <algorithm>
+#include <cmath>
+
+#include "tessara/platform/base/Exception.h"
+#include "tessara/platform/qt/controls/ControlPeer.h"
+#include "tessara/platform/qt/controls/PeerFactory.h"
+#include "tessara/platform/qt/drawing/Pictures.h"
+#include "tessara/platform/ui/controls/AnimateCtrl.h"
+
+namespace tessara {
+
+namespace {
+
+/// Shows the pictures of an animation one after the other, as large as the widget allows.
+class CAnimationWidget : public QWidget {
+public:
+    CAnimationWidget(DWORD dwStyle, QWidget* pParent)
+        : QWidget(pParent), m_bAutoPlay((dwStyle & ACS_AUTOPLAY) != 0) {
+        constexpr int MILLISECONDS_A_PICTURE = 80;
+        m_timer.setInterval(MILLISECONDS_A_PICTURE);
+        connect(&m_timer, &QTimer::timeout, this, [this] { Advance(); });
+    }
+
+    void Open(UINT nID) {
+        m_nID = nID;
+        m_pictures.clear();
+        m_nPicture = 0;
+        m_bPlaying = false;
+        if (m_bAutoPlay) {
+            Play(0, -1, -1);
+        }
+        update();
+    }
+    bool IsOpen() const { return m_nID != 0; }
+    void Play(int nFrom, int nTo, int nRepeat) {
+        m_nFrom = nFrom;
+        m_nTo = nTo;
+        m_nRepeat = nRepeat;
+        m_nPicture = nFrom;
+        SetPlaying(true);
+        update();
+    }
+    void SetPlaying(bool bPlaying) {
+        m_bPlaying = bPlaying;
+        if (m_bPlaying && isVisible()) {
+            m_timer.start();
+        } else {
+            m_timer.stop();
+        }
+    }
+
+protected:
+    void showEvent(QShowEvent*) override { SetPlaying(m_bPlaying); }
+    void hideEvent(QHideEvent*) override { m_timer.stop(); }
+    void resizeEvent(QResizeEvent*) override { m_pictures.clear(); }
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    void Advance();
+    int GetLast() const {
+        const int nLast = static_cast<int>(m_pictures.size()) - 1;
+        return m_nTo < 0 ? nLast : std::min(m_nTo, nLast);
+    }
+
+    bool m_bAutoPlay;
+    UINT m_nID = 0;
+    QTimer m_timer;
+    QList<QPixmap> m_pictures; ///< at the size of the widget; made when first painted
+    int m_nPicture = 0;
+    int m_nFrom = 0;
+    int m_nTo = -1;
+    int m_nRepeat = -1;
+    bool m_bPlaying = false;
+};
+
+void CAnimationWidget::Advance() {
+    if (++m_nPicture > GetLast()) {
+        m_nPicture = m_nFrom;
+        m_nRepeat -= m_nRepeat > 0 ? 1 : 0;
+        if (m_nRepeat == 0) {
+            m_nPicture = std::max(0, GetLast());
+            SetPlaying(false);
+        }
+    }
+    update();
+}
+
+void CAnimationWidget::paintEvent(QPaintEvent*) {
+    const int nSide = static_cast<int>(std::lround(std::min(width(), height()) * devicePixelRatioF()));
+    if (m_nID == 0 || nSide < 1) {
+        return;
+    }
+    if (m_pictures.isEmpty()) {
+        m_pictures = LoadAnimation(m_nID, nSide);
+    }
+    const QPixmap picture = m_pictures.value(std::clamp(m_nPicture, 0, std::max(0, GetLast())));
+    const double dSide = nSide / devicePixelRatioF();
+    QPainter painter(this);
+    painter.drawPixmap(QRectF((width() - dSide) / 2, (height() - dSide) / 2, dSide, dSide), picture,
+                       QRectF(picture.rect()));
+}
+
+} // namespace
+
+CPeer* MakeAnimationPeer(const CWindowDescription& description, QWidget* pParent) {
+    return new CControlPeer(description, new CAnimationWidget(description.dwStyle, pParent),
+                            {CControlTraits::NO_COLOR});
+}
+
+} // namespace tessara
+
+using tessara::CAnimationWidget;
+using tessara::OnWidget;
+
+BOOL CAnimateCtrl::Open(UINT nID) {
+    if (!tessara::FindFileResource(tessara::EFileResource::animation, nID)) {
+        AfxThrowResourceException();
+    }
+    return OnWidget<CAnimationWidget>(*this, [&](CAnimationWidget& animation) -> BOOL {
+        animation.Open(nID);
+        return TRUE;
+    });
+}
+
+BOOL CAnimateCtrl::Play(UINT nFrom, UINT nTo, UINT nRepeat) {
+    return OnWidget<CAnimationWidget>(*this, [&](CAnimationWidget& animation) -> BOOL {
+        if (animation.IsOpen()) {
+            animation.Play(static_cast<int>(nFrom), static_cast<int>(nTo), static_cast<int>(nRepeat));
+        }
+        return animation.IsOpen();
+    });
+}
+
+BOOL CAnimateCtrl::Stop() {
+    return OnWidget<CAnimationWidget>(*this, [](CAnimationWidget& animation) -> BOOL {
+        animation.SetPlaying(false);
+        return TRUE;
+    });
+}
+
+BOOL CAnimateCtrl::Close() {
+    return OnWidget<CAnimationWidget>(*this, [](CAnimationWidget& animation) -> BOOL {
+        animation.Open(0);
+        return TRUE;
+    });
+}

@@ -1,0 +1,239 @@
+#include "tessara/platform/qt/controls/ListBoxWidget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <cmath>
+
+#include "tessara/platform/qt/drawing/ForwardingSink.h"
+#include "tessara/platform/ui/threads/Dispatch.h"
+
+namespace tessara {
+
+namespace {
+
+/// Draws an item for whichever thread its parent belongs to.
+class CItemSink : public CForwardingSink {
+public:
+    explicit CItemSink(CDrawSink& sink) : m_sink(sink) {}
+
+private:
+    void Target(const CCall& fnCall, bool) const override { fnCall(m_sink); }
+
+    CDrawSink& m_sink;
+};
+
+UINT ToItemState(const QStyleOptionViewItem& option) {
+    UINT nState = option.state & QStyle::State_Selected ? ODS_SELECTED : 0U;
+    nState |= option.state & QStyle::State_HasFocus ? ODS_FOCUS : 0U;
+    nState |= option.state & QStyle::State_Enabled ? 0U : ODS_DISABLED;
+    return nState;
+}
+
+COLORREF ToColorRef(const QColor& color) {
+    return static_cast<COLORREF>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
+constexpr UINT ODT_LISTBOX = 2;
+
+/// Asks the parent how tall items are and what they look like.
+class COwnerDrawing : public QStyledItemDelegate {
+public:
+    explicit COwnerDrawing(CListBoxWidget& list) : QStyledItemDelegate(&list), m_list(list) {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize usual = QStyledItemDelegate::sizeHint(option, index);
+        const CPeer* const pPeer = CPeer::Of(&m_list);
+        if (!m_list.IsOwnerDrawn() || !pPeer) {
+            return usual;
+        }
+        if (m_nHeight == 0) {
+            m_nHeight = AskHeight(*pPeer, usual.height());
+        }
+        return {usual.width(), static_cast<int>(std::ceil(m_nHeight / pPeer->GetRatio()))};
+    }
+
+    void paint(QPainter* pPainter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        CPeer* const pPeer = CPeer::Of(&m_list);
+        if (!m_list.IsOwnerDrawn() || !pPeer) {
+            QStyledItemDelegate::paint(pPainter, option, index);
+            return;
+        }
+        const QSize pixels = (QSizeF(option.rect.size()) * pPeer->GetRatio()).toSize();
+        CWindowSurface surface(pixels, m_list.logicalDpiY() * pPeer->GetRatio());
+        const QPalette& palette = option.palette;
+        surface.Fill(palette.color(QPalette::Base));
+        CDC dc(std::make_unique<CItemSink>(surface.GetSink()));
+        dc.SetTextColor(ToColorRef(palette.color(QPalette::Text)));
+        dc.SetBkColor(ToColorRef(palette.color(QPalette::Base)));
+        const auto record = FindWindow(pPeer->GetHandle());
+        const CListBoxItem* const pItem = m_list.GetModel().Find(index.row());
+        if (!record || !pItem) {
+            return;
+        }
+        DRAWITEMSTRUCT draw{ODT_LISTBOX,
+                            record->nID,
+                            static_cast<UINT>(index.row()),
+                            ODA_DRAWENTIRE,
+                            ToItemState(option),
+                            pPeer->GetHandle(),
+                            &dc,
+                            {0, 0, pixels.width(), pixels.height()},
+                            pItem->nData};
+        Ask(record->hParent, WM_DRAWITEM, record->nID, reinterpret_cast<LPARAM>(&draw));
+        pPainter->drawImage(QRectF(option.rect), surface.GetImage());
+    }
+
+private:
+    int AskHeight(const CPeer& peer, int nUsual) const {
+        const auto record = FindWindow(peer.GetHandle());
+        const int nPixels = static_cast<int>(std::lround(nUsual * peer.GetRatio()));
+        if (!record) {
+            return nPixels;
+        }
+        MEASUREITEMSTRUCT measure{ODT_LISTBOX, record->nID, 0, 0, static_cast<UINT>(nPixels), 0};
+        Ask(record->hParent, WM_MEASUREITEM, record->nID, reinterpret_cast<LPARAM>(&measure));
+        return std::clamp(static_cast<int>(measure.itemHeight), 1, 4096);
+    }
+
+    CListBoxWidget& m_list;
+    mutable int m_nHeight = 0; ///< pixels; 0 until asked
+};
+
+} // namespace
+
+int CListBoxModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_items.size());
+}
+
+QVariant CListBoxModel::data(const QModelIndex& index, int nRole) const {
+    const CListBoxItem& item = m_items[static_cast<std::size_t>(index.row())];
+    if (nRole == Qt::DisplayRole) {
+        return ToQString(item.strText.View());
+    }
+    if (nRole == Qt::CheckStateRole && m_bCheckable) {
+        return item.bChecked ? Qt::Checked : Qt::Unchecked;
+    }
+    return {};
+}
+
+bool CListBoxModel::setData(const QModelIndex& index, const QVariant& value, int nRole) {
+    if (nRole != Qt::CheckStateRole) {
+        return false;
+    }
+    SetChecked(index.row(), value.toInt() == Qt::Checked);
+    if (m_fnChecked) {
+        m_fnChecked();
+    }
+    return true;
+}
+
+Qt::ItemFlags CListBoxModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+    return m_bCheckable ? flags | Qt::ItemIsUserCheckable : flags;
+}
+
+void CListBoxModel::Insert(int nIndex, CListBoxItem item) {
+    beginInsertRows({}, nIndex, nIndex);
+    m_items.insert(m_items.begin() + nIndex, std::move(item));
+    endInsertRows();
+}
+
+void CListBoxModel::Remove(int nIndex) {
+    beginRemoveRows({}, nIndex, nIndex);
+    m_items.erase(m_items.begin() + nIndex);
+    endRemoveRows();
+}
+
+void CListBoxModel::Clear() {
+    beginResetModel();
+    m_items.clear();
+    endResetModel();
+}
+
+int CListBoxModel::FindPlace(const CString& strText) const {
+    QCollator order = m_order;
+    order.setCaseSensitivity(Qt::CaseInsensitive);
+    const QString strWanted = ToQString(strText.View());
+    const auto it = std::upper_bound(m_items.begin(), m_items.end(), strWanted,
+                                     [&](const QString& strNew, const CListBoxItem& item) {
+                                         return order.compare(strNew, ToQString(item.strText.View())) < 0;
+                                     });
+    return static_cast<int>(it - m_items.begin());
+}
+
+CListBoxItem* CListBoxModel::Find(int nIndex) {
+    return nIndex >= 0 && nIndex < rowCount({}) ? &m_items[static_cast<std::size_t>(nIndex)] : nullptr;
+}
+
+void CListBoxModel::SetChecked(int nIndex, bool bChecked) {
+    if (CListBoxItem* const pItem = Find(nIndex)) {
+        pItem->bChecked = bChecked;
+        Q_EMIT dataChanged(index(nIndex), index(nIndex), {Qt::CheckStateRole});
+    }
+}
+
+void CListBoxModel::MakeCheckable() {
+    beginResetModel();
+    m_bCheckable = true;
+    endResetModel();
+}
+
+CListBoxWidget::CListBoxWidget(const CWindowDescription& description, QWidget* pParent)
+    : QListView(pParent),
+      m_bStrings(!(description.dwStyle & LBS_OWNERDRAWFIXED) || (description.dwStyle & LBS_HASSTRINGS)),
+      m_bSorted((description.dwStyle & LBS_SORT) != 0),
+      m_bOwnerDrawn((description.dwStyle & LBS_OWNERDRAWFIXED) != 0) {
+    setModel(&m_model);
+    setItemDelegate(new COwnerDrawing(*this));
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(description.dwStyle & LBS_NOSEL ? NoSelection : SingleSelection);
+    setHorizontalScrollBarPolicy(description.dwStyle & WS_HSCROLL ? Qt::ScrollBarAsNeeded
+                                                                  : Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(!(description.dwStyle & WS_VSCROLL)         ? Qt::ScrollBarAlwaysOff
+                               : description.dwStyle & LBS_DISABLENOSCROLL ? Qt::ScrollBarAlwaysOn
+                                                                           : Qt::ScrollBarAsNeeded);
+    if (m_bOwnerDrawn) {
+        setHorizontalScrollMode(ScrollPerPixel);
+    }
+}
+
+void CListBoxWidget::Select(int nIndex) {
+    const CSilence silence(*this);
+    const QModelIndex index = m_model.index(nIndex);
+    if (index.isValid()) {
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    } else {
+        selectionModel()->clear();
+    }
+}
+
+void CListBoxWidget::mousePressEvent(QMouseEvent* pEvent) {
+    const QModelIndex index = indexAt(pEvent->position().toPoint());
+    if (m_model.IsCheckable() && index.isValid()) {
+        // Qt does not choose a line whose box is clicked.
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    }
+    QListView::mousePressEvent(pEvent);
+}
+
+void CListBoxWidget::mouseDoubleClickEvent(QMouseEvent* pEvent) {
+    QListView::mouseDoubleClickEvent(pEvent);
+    if (m_fnDoubleClicked && indexAt(pEvent->position().toPoint()).isValid()) {
+        m_fnDoubleClicked();
+    }
+}
+
+QItemSelectionModel::SelectionFlags CListBoxWidget::selectionCommand(const QModelIndex& index,
+                                                                     const QEvent* pEvent) const {
+    if (selectionMode() != SingleSelection || !pEvent) {
+        return QListView::selectionCommand(index, pEvent);
+    }
+    // One line stays selected, also with Ctrl held or on the ground below the lines.
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+} // namespace tessara

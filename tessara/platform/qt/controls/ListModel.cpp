@@ -1,0 +1,124 @@
+#include "tessara/platform/qt/controls/ListModel.h"
+
+#include "tessara/platform/ui/controls/ListCtrl.h"
+
+namespace tessara {
+
+int CListModel::rowCount(const QModelIndex& parent) const {
+    if (parent.isValid()) {
+        return 0;
+    }
+    return m_bOwnerData ? m_nRows : static_cast<int>(m_rows.size());
+}
+
+int CListModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+QVariant CListModel::data(const QModelIndex& index, int nRole) const {
+    if (nRole == Qt::DisplayRole) {
+        return ToQString(GetText(index.row(), index.column()).View());
+    }
+    if (nRole == Qt::TextAlignmentRole) {
+        const Qt::Alignment alignment = m_columns[static_cast<std::size_t>(index.column())].alignment;
+        return static_cast<int>(alignment | Qt::AlignVCenter);
+    }
+    return {};
+}
+
+QVariant CListModel::headerData(int nSection, Qt::Orientation eOrientation, int nRole) const {
+    if (eOrientation != Qt::Horizontal) {
+        return {};
+    }
+    const CColumn& column = m_columns[static_cast<std::size_t>(nSection)];
+    if (nRole == Qt::DisplayRole) {
+        return column.strHeading;
+    }
+    return nRole == Qt::TextAlignmentRole ? static_cast<int>(column.alignment | Qt::AlignVCenter)
+                                          : QVariant();
+}
+
+void CListModel::InsertColumn(int nColumn, const QString& strHeading, Qt::Alignment alignment) {
+    beginInsertColumns({}, nColumn, nColumn);
+    m_columns.insert(m_columns.begin() + nColumn, {strHeading, alignment});
+    endInsertColumns();
+}
+
+void CListModel::RemoveColumn(int nColumn) {
+    beginRemoveColumns({}, nColumn, nColumn);
+    m_columns.erase(m_columns.begin() + nColumn);
+    for (CRow& row : m_rows) {
+        if (static_cast<std::size_t>(nColumn) < row.texts.size()) {
+            row.texts.erase(row.texts.begin() + nColumn);
+        }
+    }
+    endRemoveColumns();
+}
+
+void CListModel::InsertRow(int nRow, const CString& strText) {
+    beginInsertRows({}, nRow, nRow);
+    m_rows.insert(m_rows.begin() + nRow, {{strText}, 0});
+    endInsertRows();
+}
+
+void CListModel::RemoveRow(int nRow) {
+    beginRemoveRows({}, nRow, nRow);
+    m_rows.erase(m_rows.begin() + nRow);
+    endRemoveRows();
+}
+
+void CListModel::Clear() {
+    beginResetModel();
+    m_rows.clear();
+    m_nRows = 0;
+    endResetModel();
+}
+
+bool CListModel::SetText(int nRow, int nColumn, const CString& strText) {
+    if (m_bOwnerData || !HasRow(nRow) || nColumn < 0 || nColumn >= columnCount()) {
+        return false;
+    }
+    auto& texts = m_rows[static_cast<std::size_t>(nRow)].texts;
+    if (static_cast<std::size_t>(nColumn) >= texts.size()) {
+        texts.resize(static_cast<std::size_t>(nColumn) + 1);
+    }
+    texts[static_cast<std::size_t>(nColumn)] = strText;
+    Q_EMIT dataChanged(index(nRow, nColumn), index(nRow, nColumn), {Qt::DisplayRole});
+    return true;
+}
+
+CString CListModel::GetText(int nRow, int nColumn) const {
+    if (!HasRow(nRow) || nColumn < 0) {
+        return {};
+    }
+    if (m_bOwnerData) {
+        return AskText(nRow, nColumn);
+    }
+    const auto& texts = m_rows[static_cast<std::size_t>(nRow)].texts;
+    return static_cast<std::size_t>(nColumn) < texts.size() ? texts[static_cast<std::size_t>(nColumn)]
+                                                            : CString();
+}
+
+CString CListModel::AskText(int nRow, int nColumn) const {
+    constexpr int MAX_TEXT = 512;
+    char szText[MAX_TEXT] = "";
+    NMLVDISPINFO question{};
+    question.item = {LVIF_TEXT, nRow, nColumn, 0, 0, szText, MAX_TEXT};
+    if (m_pPeer) {
+        m_pPeer->NotifyWith(question.hdr, LVN_GETDISPINFO);
+    }
+    szText[MAX_TEXT - 1] = '\0';
+    return CString(question.item.pszText);
+}
+
+std::uintptr_t* CListModel::FindData(int nRow) {
+    return !m_bOwnerData && HasRow(nRow) ? &m_rows[static_cast<std::size_t>(nRow)].nData : nullptr;
+}
+
+void CListModel::SetRowCount(int nRows) {
+    beginResetModel();
+    m_nRows = nRows;
+    endResetModel();
+}
+
+} // namespace tessara

@@ -1,0 +1,128 @@
+#include "tessara/platform/qt/controls/PeerFactory.h"
+
+#include <cmath>
+
+#include "tessara/platform/gdi/GraphicsException.h"
+#include "tessara/platform/qt/application/Application.h"
+#include "tessara/platform/qt/frames/FrameWidget.h"
+#include "tessara/platform/qt/windows/WindowText.h"
+#include "tessara/platform/ui/controls/ControlClasses.h"
+#include "tessara/platform/ui/dialogs/DialogSeam.h"
+#include "tessara/platform/ui/frames/FrameSeam.h"
+
+namespace tessara {
+
+namespace {
+
+struct CPeerClass {
+    const char* pszName;
+    CPeerMaker pfnMake;
+};
+
+/// The framework's classes of controls; any other name is a plain window.
+constexpr CPeerClass CLASSES[] = {
+    {"", &MakePlainPeer},
+    {FRAME_CLASS, &MakeFramePeer},
+    {VIEW_CLASS, &MakeViewPeer},
+    {STATUS_BAR_CLASS, &MakeStatusBarPeer},
+    {TOOL_BAR_CLASS, &MakeToolBarPeer},
+    {CLASS_DIALOG, &MakeDialogPeer},
+    {CLASS_STATIC, &MakeStaticPeer},
+    {CLASS_EDIT, &MakeEditPeer},
+    {CLASS_BUTTON, &MakeButtonPeer},
+    {CLASS_LISTBOX, &MakeListBoxPeer},
+    {CLASS_LISTVIEW, &MakeListViewPeer},
+    {CLASS_SLIDER, &MakeSliderPeer},
+    {CLASS_PROGRESS, &MakeProgressPeer},
+    {CLASS_SPIN, &MakeSpinPeer},
+    {CLASS_ANIMATION, &MakeAnimationPeer},
+};
+
+CPeerMaker FindMaker(const CString& strClass) {
+    for (const CPeerClass& entry : CLASSES) {
+        if (strClass.CompareNoCase(entry.pszName) == 0) {
+            return entry.pfnMake;
+        }
+    }
+    return &MakePlainPeer;
+}
+
+} // namespace
+
+QRect ToQRect(const RECT& rect, double dRatio) {
+    const auto fnScale = [dRatio](LONG nPixels) { return static_cast<int>(std::lround(nPixels / dRatio)); };
+    return {QPoint(fnScale(rect.left), fnScale(rect.top)),
+            QSize(fnScale(rect.right) - fnScale(rect.left), fnScale(rect.bottom) - fnScale(rect.top))};
+}
+
+Qt::WindowFlags ToWindowFlags(DWORD dwStyle) {
+    Qt::WindowFlags flags = Qt::Window;
+    if (!(dwStyle & (WS_CAPTION | WS_THICKFRAME))) {
+        return flags | Qt::FramelessWindowHint;
+    }
+    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+    flags |= dwStyle & WS_SYSMENU ? Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint : Qt::WindowFlags();
+    flags |= dwStyle & WS_MINIMIZEBOX ? Qt::WindowMinimizeButtonHint : Qt::WindowFlags();
+    flags |= dwStyle & WS_MAXIMIZEBOX ? Qt::WindowMaximizeButtonHint : Qt::WindowFlags();
+    return flags;
+}
+
+CPeer* MakePlainPeer(const CWindowDescription& description, QWidget* pParent) {
+    const bool bChild = description.dwStyle & WS_CHILD;
+    auto* const pWidget =
+        new QWidget(pParent, bChild ? Qt::WindowFlags() : ToWindowFlags(description.dwStyle));
+    pWidget->setMouseTracking(true);
+    if (!bChild || (description.dwStyle & WS_TABSTOP)) {
+        pWidget->setFocusPolicy(Qt::StrongFocus);
+    }
+    return new CPeer(description, pWidget);
+}
+
+bool CanMakeWindows() {
+    return OnMainThread([] {
+        try {
+            EnsureApplication(ENeed::windows);
+            return true;
+        } catch (const CGraphicsException&) {
+            return false;
+        }
+    });
+}
+
+CPeer* MakePeer(const CWindowDescription& description) {
+    EnsureMainPump();
+    CPeer* const pParent = CPeer::Find(description.hParent);
+    const bool bChild = description.dwStyle & WS_CHILD;
+    QWidget* pParentWidget = nullptr;
+    if (pParent) {
+        pParentWidget = bChild ? &pParent->GetClient() : pParent->GetWidget().window();
+    }
+    CPeer* const pPeer = FindMaker(description.strClass)(description, pParentWidget);
+    QWidget& widget = pPeer->GetWidget();
+    if (!CRect(description.rect).IsRectEmpty()) {
+        const QRect place = ToQRect(description.rect, widget.devicePixelRatioF());
+        bChild ? widget.setGeometry(place) : widget.resize(place.size());
+        if (!bChild && (description.rect.left || description.rect.top)) {
+            widget.move(place.topLeft());
+        }
+    }
+    widget.setEnabled(!(description.dwStyle & WS_DISABLED));
+    SetText(widget, ToQString(description.strText.View()));
+    if (bChild) {
+        widget.hide(); // else it would appear together with its parent
+    }
+    return pPeer;
+}
+
+void DestroyPeer(CPeer* pPeer) {
+    QWidget* const pWidget = &pPeer->GetWidget();
+    pWidget->removeEventFilter(pPeer);
+    pWidget->hide();
+    if (CPeer::CEventScope::IsInside()) {
+        pWidget->deleteLater();
+    } else {
+        delete pWidget;
+    }
+}
+
+} // namespace tessara

@@ -1,0 +1,205 @@
+#include "tessara/platform/ui/dialogs/Dialog.h"
+
+#include <utility>
+
+#include "tessara/platform/base/Exception.h"
+#include "tessara/platform/ui/controls/Button.h"
+#include "tessara/platform/ui/controls/Controls.h"
+#include "tessara/platform/ui/dialogs/DialogSeam.h"
+#include "tessara/platform/ui/threads/Loop.h"
+#include "tessara/platform/ui/threads/WinThread.h"
+#include "tessara/platform/ui/windows/WindowTable.h"
+
+IMPLEMENT_DYNAMIC(CDialog, CWnd)
+
+namespace {
+
+/// Keeps a window from input while it lives, and makes it the active one again.
+class COwnerScope {
+public:
+    explicit COwnerScope(const CWnd* pOwner) {
+        CWnd* const pWnd = CWnd::FromHandle(pOwner ? pOwner->GetSafeHwnd() : nullptr);
+        if (pWnd && !pWnd->EnableWindow(FALSE)) {
+            m_hOwner = pWnd->GetSafeHwnd();
+        }
+    }
+    ~COwnerScope() {
+        if (CWnd* const pWnd = CWnd::FromHandle(m_hOwner)) {
+            pWnd->EnableWindow(TRUE);
+            if (pWnd->IsWindowVisible()) {
+                pWnd->SetForegroundWindow();
+            }
+        }
+    }
+    COwnerScope(const COwnerScope&) = delete;
+    COwnerScope& operator=(const COwnerScope&) = delete;
+
+private:
+    HWND m_hOwner = nullptr; ///< null when somebody else had disabled it
+};
+
+/// Makes the thread's loop look at its condition again.
+void WakeLoop() {
+    tessara::CMailbox::OfThisThread()->Post({nullptr, WM_NULL, 0, 0});
+}
+
+void AddItem(CWnd& dialog, const tessara::CDialogItem& item) {
+    std::unique_ptr<CWnd> pControl = tessara::MakeControlObject(item.pszClass);
+    const DWORD dwStyle = item.dwStyle | WS_CHILD;
+    if (pControl->CreateEx(item.dwExStyle, item.pszClass, item.pszText, dwStyle, CRect(), &dialog,
+                           item.nID)) {
+        const HWND hControl = pControl->m_hWnd;
+        tessara::KeepForWindow(hControl, std::move(pControl));
+    }
+}
+
+} // namespace
+
+BOOL CDialog::Create(UINT nIDTemplate, CWnd* pParent) {
+    const tessara::CDialogTemplate* const pTemplate = tessara::FindDialogTemplate(nIDTemplate);
+    if (!pTemplate) {
+        return FALSE;
+    }
+    m_nIDTemplate = nIDTemplate;
+    m_pParentWnd = pParent;
+    m_bModal = false;
+    const CWnd* const pOwner = pParent ? pParent : AfxGetMainWnd();
+    if (!Build(*pTemplate, pOwner ? pOwner->GetTopLevelParent() : nullptr)) {
+        return FALSE;
+    }
+    Initialise();
+    if (pTemplate->dwStyle & WS_VISIBLE) {
+        ShowWindow(SW_SHOW);
+    }
+    return tessara::FindWindow(m_hWnd).has_value();
+}
+
+int CDialog::DoModal() {
+    const tessara::CDialogTemplate* const pTemplate = tessara::FindDialogTemplate(m_nIDTemplate);
+    if (!pTemplate) {
+        AfxThrowResourceException();
+    }
+    m_bModal = true;
+    m_bEnded = false;
+    m_nResult = IDCANCEL;
+    struct CWindowScope {
+        ~CWindowScope() { wnd.DestroyWindow(); }
+        CDialog& wnd;
+    };
+    CWnd* const pOwner = FindOwner();
+    const CWindowScope window{*this}; // goes last: the owner takes input again before the dialog disappears
+    const COwnerScope owner(pOwner);
+    if (!Build(*pTemplate, pOwner)) {
+        return -1;
+    }
+    Initialise();
+    if (!m_bEnded) {
+        ShowWindow(SW_SHOW);
+    }
+    const auto fnEnd = [this] { return m_bEnded || !tessara::FindWindow(m_hWnd); };
+    return tessara::RunLoopUntil(fnEnd) ? m_nResult : -1;
+}
+
+CWnd* CDialog::FindOwner() const {
+    CWnd* const pActive = CWnd::FromHandle(tessara::FindActiveWindow());
+    CWnd* const pOwner = m_pParentWnd ? m_pParentWnd : pActive ? pActive : AfxGetMainWnd();
+    return pOwner ? pOwner->GetTopLevelParent() : nullptr;
+}
+
+BOOL CDialog::Build(const tessara::CDialogTemplate& resource, CWnd* pOwner) {
+    const DWORD dwStyle = resource.dwStyle & ~static_cast<DWORD>(WS_VISIBLE);
+    if (!CreateEx(resource.dwExStyle, tessara::CLASS_DIALOG, resource.pszTitle, dwStyle, CRect(), pOwner,
+                  resource.nID)) {
+        return FALSE;
+    }
+    for (const tessara::CDialogItem& item : resource.items) {
+        AddItem(*this, item);
+    }
+    tessara::LayOutDialog(m_hWnd, resource);
+    if ((resource.dwStyle & DS_CENTER) || (resource.x == 0 && resource.y == 0)) {
+        CenterWindow();
+    }
+    return TRUE;
+}
+
+void CDialog::Initialise() {
+    if (SendMessage(WM_INITDIALOG)) {
+        tessara::FocusFirstControl(m_hWnd);
+    }
+}
+
+void CDialog::EndDialog(int nResult) {
+    m_nResult = nResult;
+    m_bEnded = true;
+    if (m_bModal) {
+        WakeLoop();
+    } else {
+        ShowWindow(SW_HIDE);
+    }
+}
+
+BOOL CDialog::OnInitDialog() {
+    UpdateData(FALSE);
+    return TRUE;
+}
+
+LRESULT CDialog::HandleInitDialog(WPARAM, LPARAM) {
+    return OnInitDialog();
+}
+
+BOOL CDialog::UpdateData(BOOL bSaveAndValidate) {
+    CDataExchange exchange(this, bSaveAndValidate);
+    DoDataExchange(&exchange);
+    return TRUE;
+}
+
+DWORD CDialog::GetDefID() const {
+    for (const HWND hControl : tessara::ChildrenOf(m_hWnd)) {
+        const CWnd* const pControl = CWnd::FromHandle(hControl);
+        if (pControl && dynamic_cast<const CButton*>(pControl) &&
+            (pControl->GetStyle() & BS_TYPEMASK) == BS_DEFPUSHBUTTON) {
+            return static_cast<DWORD>(pControl->GetDlgCtrlID()) | DC_HASDEFID << 16;
+        }
+    }
+    return 0;
+}
+
+void CDialog::SetDefID(UINT nID) {
+    const auto fnSetStyle = [this](UINT nControl, ButtonStyle eStyle) {
+        if (auto* const pButton = dynamic_cast<CButton*>(GetDlgItem(static_cast<int>(nControl)))) {
+            pButton->SetButtonStyle(eStyle);
+        }
+    };
+    fnSetStyle(LOWORD(GetDefID()), BS_PUSHBUTTON);
+    fnSetStyle(nID, BS_DEFPUSHBUTTON);
+}
+
+void CDialog::OnOK() {
+    if (UpdateData(TRUE)) {
+        EndDialog(IDOK);
+    }
+}
+
+void CDialog::OnCancel() {
+    EndDialog(IDCANCEL);
+}
+
+void CDialog::OnClose() {
+    const CWnd* const pCancel = GetDlgItem(IDCANCEL);
+    if (!pCancel || pCancel->IsWindowEnabled()) {
+        SendMessage(WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED));
+    }
+}
+
+void CDialog::OnNcDestroy() {
+    WakeLoop(); // DoModal ends
+    CWnd::OnNcDestroy();
+}
+
+BEGIN_MESSAGE_MAP(CDialog, CWnd)
+ON_MESSAGE(WM_INITDIALOG, HandleInitDialog)
+ON_COMMAND(IDOK, OnOK)
+ON_COMMAND(IDCANCEL, OnCancel)
+ON_WM_CLOSE()
+ON_WM_NCDESTROY()
+END_MESSAGE_MAP()

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+
+#include "tessara/platform/base/String.h"
+#include "tessara/platform/gdi/DrawSink.h"
+#include "tessara/platform/ui/windows/WindowTypes.h"
+
+// What this room asks of the one that has the widgets.
+
+namespace tessara {
+
+class CPeer;
+
+/// How a window is to be made. Pixels; a child's place is in its parent's client area.
+struct CWindowDescription {
+    HWND hWnd = nullptr;
+    CString strClass; ///< the framework's name of a control's class; any other is a plain window
+    CString strText;
+    DWORD dwStyle = 0;
+    DWORD dwExStyle = 0;
+    RECT rect{0, 0, 0, 0};
+    HWND hParent = nullptr;
+    UINT nID = 0;
+};
+
+/// Whether there can be windows: see CGraphicsException. From any thread.
+bool CanMakeWindows();
+
+/// Makes the widget of a window, hidden when it has no parent. Main thread. Throws CMemoryException.
+CPeer* MakePeer(const CWindowDescription& description);
+/// Takes the widget away: at once, or at the end of the event that it is in. Main thread.
+void DestroyPeer(CPeer* pPeer);
+
+/// A sink on a window's backing image, for any thread. Draws nothing when the window has gone.
+std::unique_ptr<CDrawSink> MakeWindowSink(HWND hWnd);
+
+} // namespace tessara

@@ -1,0 +1,153 @@
+#include "tessara/platform/ui/windows/WindowTable.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "tessara/platform/ui/windows/Wnd.h"
+
+namespace tessara {
+
+namespace {
+
+constexpr int INDEX_BITS = 24;
+
+/// A place of the table. Its generation grows with every window that leaves it.
+struct CPlace {
+    std::uint64_t nGeneration = 1;
+    std::uint64_t nAge = 0; ///< orders windows by their making
+    bool bUsed = false;
+    CWindowRecord record;
+    std::unique_ptr<CWnd> pKept;
+};
+
+struct CTable {
+    std::vector<CPlace> places;
+    std::vector<std::size_t> free;
+    std::uint64_t nMade = 0;
+};
+
+CTable& Table() {
+    static auto* const s_pTable = new CTable;
+    return *s_pTable;
+}
+
+HWND ToHandle(std::size_t nPlace) {
+    const std::uint64_t nBits = Table().places[nPlace].nGeneration << INDEX_BITS | nPlace;
+    return reinterpret_cast<HWND>(static_cast<std::uintptr_t>(nBits));
+}
+
+/// The place of a handle whose window exists, or null. The caller holds the lock.
+CPlace* PlaceOf(HWND hWnd) {
+    const auto nBits = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(hWnd));
+    const auto nPlace = static_cast<std::size_t>(nBits & ((1U << INDEX_BITS) - 1));
+    auto& places = Table().places;
+    if (nPlace >= places.size() || !places[nPlace].bUsed ||
+        places[nPlace].nGeneration != nBits >> INDEX_BITS) {
+        return nullptr;
+    }
+    return &places[nPlace];
+}
+
+/// The handles of the records that satisfy a condition, oldest first.
+template <class CONDITION>
+std::vector<HWND> Select(CONDITION fnCondition) {
+    const std::lock_guard lock(SharedLock());
+    std::vector<std::size_t> found;
+    const auto& places = Table().places;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        if (places[i].bUsed && fnCondition(places[i].record)) {
+            found.push_back(i);
+        }
+    }
+    std::sort(found.begin(), found.end(),
+              [&](std::size_t a, std::size_t b) { return places[a].nAge < places[b].nAge; });
+    std::vector<HWND> handles(found.size());
+    std::transform(found.begin(), found.end(), handles.begin(), ToHandle);
+    return handles;
+}
+
+} // namespace
+
+HWND AddWindow(const CWindowRecord& record) {
+    const std::lock_guard lock(SharedLock());
+    CTable& table = Table();
+    if (table.free.empty()) {
+        table.free.push_back(table.places.size());
+        table.places.emplace_back();
+    }
+    const std::size_t nPlace = table.free.back();
+    table.free.pop_back();
+    CPlace& place = table.places[nPlace];
+    place.bUsed = true;
+    place.nAge = table.nMade++;
+    place.record = record;
+    return ToHandle(nPlace);
+}
+
+std::optional<CWindowRecord> FindWindow(HWND hWnd) {
+    const std::lock_guard lock(SharedLock());
+    const CPlace* pPlace = PlaceOf(hWnd);
+    return pPlace ? std::optional(pPlace->record) : std::nullopt;
+}
+
+bool ChangeWindow(HWND hWnd, const std::function<void(CWindowRecord&)>& fnChange) {
+    const std::lock_guard lock(SharedLock());
+    CPlace* pPlace = PlaceOf(hWnd);
+    if (pPlace) {
+        fnChange(pPlace->record);
+    }
+    return pPlace != nullptr;
+}
+
+void RemoveWindow(HWND hWnd) {
+    std::unique_ptr<CWnd> pKept; // destroyed without the lock
+    const std::lock_guard lock(SharedLock());
+    CPlace* pPlace = PlaceOf(hWnd);
+    if (!pPlace) {
+        return;
+    }
+    pKept = std::move(pPlace->pKept);
+    pPlace->record = {};
+    pPlace->bUsed = false;
+    ++pPlace->nGeneration;
+    Table().free.push_back(static_cast<std::size_t>(pPlace - Table().places.data()));
+}
+
+std::vector<HWND> ChildrenOf(HWND hWnd) {
+    return Select([hWnd](const CWindowRecord& record) { return record.hParent == hWnd && hWnd; });
+}
+
+std::vector<HWND> WindowsOf(const CMailbox& owner) {
+    return Select(
+        [&](const CWindowRecord& record) { return record.pOwner.get() == &owner && !record.hParent; });
+}
+
+std::size_t CountWindows() {
+    const std::lock_guard lock(SharedLock());
+    return Table().places.size() - Table().free.size();
+}
+
+void GiveBackWindow(HWND hWnd) {
+    const std::lock_guard lock(SharedLock());
+    if (CPlace* const pPlace = PlaceOf(hWnd)) {
+        pPlace->record.pWnd = pPlace->pKept.get();
+    }
+}
+
+bool HasOwnObject(HWND hWnd) {
+    const std::lock_guard lock(SharedLock());
+    const CPlace* pPlace = PlaceOf(hWnd);
+    return pPlace && pPlace->record.pWnd && pPlace->record.pWnd != pPlace->pKept.get();
+}
+
+CWnd* KeepForWindow(HWND hWnd, std::unique_ptr<CWnd> pWnd) {
+    const std::lock_guard lock(SharedLock());
+    CPlace* pPlace = PlaceOf(hWnd);
+    if (!pPlace) {
+        return nullptr;
+    }
+    pPlace->pKept = std::move(pWnd);
+    return pPlace->pKept.get();
+}
+
+} // namespace tessara

@@ -1,0 +1,321 @@
+#include "tessara/platform/ui/windows/Wnd.h"
+
+#include <utility>
+
+#include "tessara/platform/base/Text.h"
+#include "tessara/platform/ui/threads/Dispatch.h"
+#include "tessara/platform/ui/threads/WinThread.h"
+#include "tessara/platform/ui/windows/ClientDC.h"
+#include "tessara/platform/ui/windows/PeerSeam.h"
+#include "tessara/platform/ui/windows/WindowTable.h"
+
+IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
+
+CWnd::~CWnd() {
+    // The derived parts have gone: no handler of theirs may run any more, but the window must go.
+    if (tessara::FindWindow(m_hWnd)) {
+        CWnd::DestroyWindow();
+    }
+}
+
+CWnd* CWnd::FromHandle(HWND hWnd) {
+    const auto record = tessara::FindWindow(hWnd);
+    return record ? record->pWnd : nullptr;
+}
+
+HWND CWnd::GetSafeHwnd() const {
+    return m_hWnd;
+}
+
+BOOL CWnd::Create(const char* pszClassName, const char* pszText, DWORD dwStyle, const RECT& rect,
+                  CWnd* pParent, UINT nID) {
+    return CreateEx(0, pszClassName, pszText, dwStyle, rect, pParent, nID);
+}
+
+BOOL CWnd::CreateEx(DWORD dwExStyle, const char* pszClassName, const char* pszText, DWORD dwStyle,
+                    const RECT& rect, CWnd* pParent, UINT nID, void* pParam) {
+    const HWND hParent = pParent ? pParent->GetSafeHwnd() : nullptr;
+    CREATESTRUCT create{
+        pParam,  hParent,  rect.bottom - rect.top, rect.right - rect.left, rect.top, rect.left,
+        dwStyle, dwExStyle};
+    if (tessara::FindWindow(m_hWnd) || !PreCreateWindow(create)) {
+        return FALSE;
+    }
+    if (!tessara::FindWindow(hParent) && !tessara::CanMakeWindows()) {
+        return FALSE;
+    }
+    m_hWnd =
+        tessara::AddWindow({this, nullptr, tessara::CMailbox::OfThisThread(), hParent, nID, create.style});
+    const RECT place{create.x, create.y, create.x + create.cx, create.y + create.cy};
+    tessara::CPeer* pPeer = tessara::OnMainThread([&] {
+        return tessara::MakePeer(
+            {m_hWnd, pszClassName, pszText, create.style, create.dwExStyle, place, hParent, nID});
+    });
+    tessara::ChangeWindow(m_hWnd, [&](tessara::CWindowRecord& record) { record.pPeer = pPeer; });
+    PreSubclassWindow();
+    if (SendMessage(WM_CREATE, 0, reinterpret_cast<LPARAM>(&create)) == -1) {
+        DestroyWindow();
+        return FALSE;
+    }
+    if (create.style & WS_VISIBLE) {
+        ShowWindow(SW_SHOW);
+    }
+    return TRUE;
+}
+
+BOOL CWnd::PreCreateWindow(CREATESTRUCT&) {
+    return TRUE;
+}
+
+BOOL CWnd::DestroyWindow() {
+    if (!tessara::FindWindow(m_hWnd)) {
+        return FALSE;
+    }
+    tessara::DestroyTree(m_hWnd);
+    return TRUE;
+}
+
+BOOL CWnd::SubclassWindow(HWND hWnd) {
+    const bool bFound = !m_hWnd && tessara::ChangeWindow(
+                                       hWnd, [this](tessara::CWindowRecord& record) { record.pWnd = this; });
+    if (bFound) {
+        m_hWnd = hWnd;
+        PreSubclassWindow();
+    }
+    return bFound;
+}
+
+BOOL CWnd::SubclassDlgItem(UINT nID, CWnd* pParent) {
+    const CWnd* pItem = pParent ? pParent->GetDlgItem(static_cast<int>(nID)) : nullptr;
+    return pItem && SubclassWindow(pItem->m_hWnd);
+}
+
+HWND CWnd::UnsubclassWindow() {
+    tessara::GiveBackWindow(m_hWnd);
+    return std::exchange(m_hWnd, nullptr);
+}
+
+CWnd* CWnd::GetParent() const {
+    const auto record = tessara::FindWindow(m_hWnd);
+    return record ? FromHandle(record->hParent) : nullptr;
+}
+
+CWnd* CWnd::GetTopLevelParent() const {
+    CWnd* pTop = FromHandle(m_hWnd);
+    while (pTop && (pTop->GetStyle() & WS_CHILD) && pTop->GetParent()) {
+        pTop = pTop->GetParent();
+    }
+    return pTop;
+}
+
+BOOL CWnd::IsChild(const CWnd* pWnd) const {
+    while (pWnd && (pWnd->GetStyle() & WS_CHILD)) {
+        pWnd = pWnd->GetParent();
+        if (pWnd == this) {
+            return TRUE;
+        }
+    }
+    return FALSE;
+}
+
+CWnd* CWnd::GetDlgItem(int nID) const {
+    for (const HWND hChild : tessara::ChildrenOf(m_hWnd)) {
+        const auto record = tessara::FindWindow(hChild);
+        if (record && record->nID == static_cast<UINT>(nID) && (record->dwStyle & WS_CHILD)) {
+            return record->pWnd;
+        }
+    }
+    return nullptr;
+}
+
+int CWnd::GetDlgCtrlID() const {
+    const auto record = tessara::FindWindow(m_hWnd);
+    return record ? static_cast<int>(record->nID) : 0;
+}
+
+DWORD CWnd::GetStyle() const {
+    const auto record = tessara::FindWindow(m_hWnd);
+    return record ? record->dwStyle : 0;
+}
+
+BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT) {
+    bool bChanged = false;
+    tessara::ChangeWindow(m_hWnd, [&](tessara::CWindowRecord& record) {
+        const DWORD dwStyle = (record.dwStyle & ~dwRemove) | dwAdd;
+        bChanged = dwStyle != std::exchange(record.dwStyle, dwStyle);
+    });
+    return bChanged;
+}
+
+int CWnd::GetWindowText(char* pszText, int nMaxCount) const {
+    CString strText;
+    GetWindowText(strText);
+    if (!pszText || nMaxCount <= 0) {
+        return 0;
+    }
+    const std::string_view str = tessara::CutText(strText.View(), static_cast<std::size_t>(nMaxCount) - 1);
+    pszText[str.copy(pszText, str.size())] = '\0';
+    return static_cast<int>(str.size());
+}
+
+int CWnd::GetWindowTextLength() const {
+    CString strText;
+    GetWindowText(strText);
+    return strText.GetLength();
+}
+
+void CWnd::SetDlgItemText(int nID, const char* pszText) {
+    if (CWnd* pItem = GetDlgItem(nID)) {
+        pItem->SetWindowText(pszText);
+    }
+}
+
+int CWnd::GetDlgItemText(int nID, CString& strText) const {
+    strText.Empty();
+    if (const CWnd* pItem = GetDlgItem(nID)) {
+        pItem->GetWindowText(strText);
+    }
+    return strText.GetLength();
+}
+
+void CWnd::SetDlgItemInt(int nID, UINT nValue, BOOL bSigned) {
+    CString strText;
+    if (bSigned) {
+        strText.Format("%d", static_cast<int>(nValue));
+    } else {
+        strText.Format("%u", nValue);
+    }
+    SetDlgItemText(nID, strText);
+}
+
+CFont* CWnd::GetFont() const {
+    return m_pFont.get();
+}
+
+void CWnd::MoveWindow(const RECT& rect, BOOL bRepaint) {
+    MoveWindow(rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, bRepaint);
+}
+
+void CWnd::ClientToScreen(RECT* pRect) const {
+    CPoint origin;
+    ClientToScreen(&origin);
+    *pRect = {pRect->left + origin.x, pRect->top + origin.y, pRect->right + origin.x,
+              pRect->bottom + origin.y};
+}
+
+void CWnd::ScreenToClient(RECT* pRect) const {
+    CPoint origin;
+    ScreenToClient(&origin);
+    *pRect = {pRect->left + origin.x, pRect->top + origin.y, pRect->right + origin.x,
+              pRect->bottom + origin.y};
+}
+
+void CWnd::Invalidate(BOOL bErase) {
+    InvalidateRect(nullptr, bErase);
+}
+
+void CWnd::RedrawWindow() {
+    Invalidate();
+    UpdateWindow();
+}
+
+CDC* CWnd::GetDC() {
+    return tessara::FindWindow(m_hWnd) ? new CClientDC(this) : nullptr;
+}
+
+int CWnd::ReleaseDC(CDC* pDC) {
+    delete pDC;
+    return pDC != nullptr;
+}
+
+LRESULT CWnd::SendMessage(UINT nMessage, WPARAM wParam, LPARAM lParam) {
+    return ::SendMessage(m_hWnd, nMessage, wParam, lParam);
+}
+
+BOOL CWnd::PostMessage(UINT nMessage, WPARAM wParam, LPARAM lParam) {
+    return ::PostMessage(m_hWnd, nMessage, wParam, lParam);
+}
+
+BOOL CWnd::OnCmdMsg(UINT nID, UINT nCode, void* pExtra) {
+    return CCmdTarget::OnCmdMsg(nID, nCode, pExtra);
+}
+
+LRESULT CWnd::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) {
+    if (nMessage == WM_COMMAND && OnCommand(wParam, lParam)) {
+        return 0;
+    }
+    LRESULT lResult = 0;
+    if (nMessage == WM_NOTIFY && OnNotify(wParam, lParam, &lResult)) {
+        return lResult;
+    }
+    AFX_MESSAGE message{wParam, lParam, nullptr, 0};
+    if (nMessage != WM_COMMAND && nMessage != WM_NOTIFY &&
+        tessara::DispatchThroughMap(*this, GetMessageMap(), {nMessage, 0, 0}, message)) {
+        return message.lResult;
+    }
+    return DefWindowProc(nMessage, wParam, lParam);
+}
+
+LRESULT CWnd::DefWindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) {
+    tessara::MarkDefaulted();
+    LRESULT lResult = 0;
+    if (nMessage == WM_CLOSE) {
+        DestroyWindow();
+    } else if (nMessage == WM_DRAWITEM || nMessage == WM_MEASUREITEM) {
+        // Nobody drew the control's item for it: it may do so itself.
+        CWnd* const pControl = GetDlgItem(static_cast<int>(wParam));
+        if (pControl) {
+            pControl->OnChildNotify(nMessage, wParam, lParam, &lResult);
+        }
+    }
+    return lResult;
+}
+
+LRESULT CWnd::Default() {
+    const MSG* const pMessage = tessara::GetCurrentMessage();
+    return pMessage ? DefWindowProc(pMessage->message, pMessage->wParam, pMessage->lParam) : 0;
+}
+
+BOOL CWnd::OnCommand(WPARAM wParam, LPARAM) {
+    return OnCmdMsg(LOWORD(wParam), HIWORD(wParam), nullptr);
+}
+
+BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult) {
+    const auto* pHeader = reinterpret_cast<const NMHDR*>(lParam);
+    AFX_MESSAGE message{pHeader->idFrom, lParam, nullptr, 0};
+    const BOOL bTaken = tessara::DispatchThroughMap(*this, GetMessageMap(),
+                                                    {WM_NOTIFY, pHeader->code, pHeader->idFrom}, message);
+    *pResult = message.lResult;
+    return bTaken;
+}
+
+BOOL CWnd::OnChildNotify(UINT, WPARAM, LPARAM, LRESULT*) {
+    return FALSE;
+}
+
+BOOL CWnd::PreTranslateMessage(MSG*) {
+    return FALSE;
+}
+
+void CWnd::PostNcDestroy() {}
+
+BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)
+END_MESSAGE_MAP()
+
+BOOL IsWindow(HWND hWnd) {
+    return tessara::FindWindow(hWnd).has_value();
+}
+
+BOOL PostMessage(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) {
+    const auto record = tessara::FindWindow(hWnd);
+    return record && record->pOwner->Post({hWnd, nMessage, wParam, lParam});
+}
+
+LRESULT SendMessage(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) {
+    const auto record = tessara::FindWindow(hWnd);
+    LRESULT lResult = 0;
+    if (record) {
+        record->pOwner->Call([&] { lResult = tessara::CallWindow(hWnd, nMessage, wParam, lParam).lResult; });
+    }
+    return lResult;
+}

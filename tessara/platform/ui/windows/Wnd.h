@@ -1,0 +1,254 @@
+#pragma once
+
+#include <memory>
+
+#include "tessara/platform/base/String.h"
+#include "tessara/platform/gdi/DC.h"
+#include "tessara/platform/ui/threads/CmdTarget.h"
+#include "tessara/platform/ui/windows/Styles.h"
+
+class CFrameWnd;
+class CMenu;
+
+/// What WM_CREATE brings.
+struct CREATESTRUCT {
+    void* lpCreateParams;
+    HWND hwndParent;
+    int cy;
+    int cx;
+    int y;
+    int x;
+    DWORD style;
+    DWORD dwExStyle;
+};
+using LPCREATESTRUCT = CREATESTRUCT*;
+
+/// Where a window is and how it is shown.
+struct WINDOWPLACEMENT {
+    UINT length;
+    UINT flags;
+    UINT showCmd; ///< a ShowCommand
+    POINT ptMinPosition;
+    POINT ptMaxPosition;
+    RECT rcNormalPosition; ///< where it is when neither minimised nor maximised
+};
+
+/// Why an item is drawn, and how it looks.
+enum OwnerDrawAction : UINT { ODA_DRAWENTIRE = 1, ODA_SELECT = 2, ODA_FOCUS = 4 };
+enum OwnerDrawState : UINT { ODS_SELECTED = 0x1, ODS_GRAYED = 0x2, ODS_DISABLED = 0x4, ODS_FOCUS = 0x10 };
+
+struct DRAWITEMSTRUCT {
+    UINT CtlType;
+    UINT CtlID;
+    UINT itemID; ///< the item, from 0
+    UINT itemAction;
+    UINT itemState;
+    HWND hwndItem;
+    CDC* pDC; ///< where to draw, in pixels of the control
+    RECT rcItem;
+    std::uintptr_t itemData; ///< what SetItemData set; what was added when the list keeps no strings
+};
+using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;
+
+struct MEASUREITEMSTRUCT {
+    UINT CtlType;
+    UINT CtlID;
+    UINT itemID;
+    UINT itemWidth;
+    UINT itemHeight; ///< pixels; filled by the handler
+    std::uintptr_t itemData;
+};
+using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
+
+/// A window: a thin object that holds a handle.
+///
+/// Positions and sizes are pixels of the screen; client coordinates count from the window's top left corner
+/// inside its frame. Without a window (m_hWnd null, or a window that has gone) every operation does nothing
+/// and returns zero. Deleting the object destroys the window. An object belongs to the thread that made its
+/// window.
+///
+///     class CPlotView : public CWnd {
+///         void OnPaint() { CPaintDC dc(this); dc.SetBkMode(TRANSPARENT); ... }
+///     };
+///     CPlotView view;
+///     view.Create(nullptr, "Plot", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 800, 575), nullptr, 0);
+class TESSARA_API CWnd : public CCmdTarget {
+    DECLARE_DYNCREATE(CWnd)
+
+public:
+    CWnd() = default;
+    ~CWnd() override;
+
+    HWND m_hWnd = nullptr;
+
+    /// The object of a window, or null. What it returns for a control to which the program attached no object
+    /// lives as long as the window.
+    static CWnd* FromHandle(HWND hWnd);
+    HWND GetSafeHwnd() const;
+
+    // Life
+
+    /// Makes a window without a control's look. A null class name is the plain window. Returns zero, and
+    /// leaves the object without a window, when WM_CREATE is answered with -1.
+    virtual BOOL Create(const char* pszClassName, const char* pszText, DWORD dwStyle, const RECT& rect,
+                        CWnd* pParent, UINT nID);
+    BOOL CreateEx(DWORD dwExStyle, const char* pszClassName, const char* pszText, DWORD dwStyle,
+                  const RECT& rect, CWnd* pParent, UINT nID, void* pParam = nullptr);
+    /// Destroys the window and its children. Call from the thread that owns it.
+    virtual BOOL DestroyWindow();
+    /// Makes this object the one of an existing window, for example a dialog's control.
+    BOOL SubclassWindow(HWND hWnd);
+    BOOL SubclassDlgItem(UINT nID, CWnd* pParent);
+    HWND UnsubclassWindow();
+
+    // Relations
+
+    CWnd* GetParent() const;
+    CWnd* GetOwner() const { return GetParent(); }
+    CWnd* GetTopLevelParent() const;
+    CFrameWnd* GetParentFrame() const;
+    BOOL IsChild(const CWnd* pWnd) const;
+    /// The control of that number among the children, or null.
+    CWnd* GetDlgItem(int nID) const;
+    int GetDlgCtrlID() const;
+    DWORD GetStyle() const;
+    /// Drops and adds styles, for those that a control looks at again.
+    BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0);
+
+    // Text and font
+
+    void SetWindowText(const char* pszText);
+    int GetWindowText(char* pszText, int nMaxCount) const;
+    void GetWindowText(CString& strText) const;
+    int GetWindowTextLength() const;
+    void SetDlgItemText(int nID, const char* pszText);
+    int GetDlgItemText(int nID, CString& strText) const;
+    void SetDlgItemInt(int nID, UINT nValue, BOOL bSigned = TRUE);
+    void SetFont(CFont* pFont, BOOL bRedraw = TRUE);
+    /// The window's font; null while it is the system's. GetLogFont of the result describes it.
+    CFont* GetFont() const;
+
+    // Place and look
+
+    BOOL ShowWindow(int nCmdShow); ///< returns nonzero when it was visible before
+    BOOL IsWindowVisible() const;
+    BOOL IsIconic() const;
+    BOOL IsZoomed() const;
+    /// Lets the user reach the window or not; a top-level window is not greyed. Returns nonzero when it was
+    /// disabled before.
+    BOOL EnableWindow(BOOL bEnable = TRUE);
+    BOOL IsWindowEnabled() const;
+    void MoveWindow(int nX, int nY, int nWidth, int nHeight, BOOL bRepaint = TRUE);
+    void MoveWindow(const RECT& rect, BOOL bRepaint = TRUE);
+    BOOL SetWindowPos(const CWnd* pInsertAfter, int nX, int nY, int nWidth, int nHeight, UINT nFlags);
+    void CenterWindow(CWnd* pAlternateOwner = nullptr);
+    void GetWindowRect(RECT* pRect) const; ///< on the screen, frame included
+    void GetClientRect(RECT* pRect) const; ///< from (0, 0)
+    void ClientToScreen(POINT* pPoint) const;
+    void ClientToScreen(RECT* pRect) const;
+    void ScreenToClient(POINT* pPoint) const;
+    void ScreenToClient(RECT* pRect) const;
+    BOOL GetWindowPlacement(WINDOWPLACEMENT* pPlacement) const;
+    BOOL SetWindowPlacement(const WINDOWPLACEMENT* pPlacement);
+    void BringWindowToTop();
+
+    // Input
+
+    CWnd* SetFocus(); ///< returns the window that had the focus
+    static CWnd* GetFocus();
+    CWnd* SetCapture();
+    static CWnd* GetCapture();
+    BOOL SetForegroundWindow();
+    void DragAcceptFiles(BOOL bAccept = TRUE);
+
+    // Painting
+
+    void Invalidate(BOOL bErase = TRUE);
+    void InvalidateRect(const RECT* pRect, BOOL bErase = TRUE);
+    void UpdateWindow(); ///< paints now what is invalid
+    void RedrawWindow();
+    /// A surface on the client area, to be given back with ReleaseDC.
+    CDC* GetDC();
+    int ReleaseDC(CDC* pDC);
+
+    // Menu and icon (top-level windows)
+
+    CMenu* GetMenu() const;
+    void DrawMenuBar();
+    void SetIcon(UINT nIconID);
+
+    /// Writes a picture of the window and what lies in it, as PNG. Throws CFileException, and
+    /// CInvalidArgException where there is no window.
+    void SaveImage(const char* pszPath) const;
+
+    // Messages
+
+    LRESULT SendMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0);
+    BOOL PostMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0);
+    int MessageBox(const char* pszText, const char* pszCaption = nullptr, UINT nType = MB_OK);
+
+    BOOL OnCmdMsg(UINT nID, UINT nCode, void* pExtra) override;
+
+protected:
+    /// Every message of the window passes here.
+    virtual LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam);
+    virtual LRESULT DefWindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam);
+    /// What happens without a handler, for the message that is being handled.
+    LRESULT Default();
+    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+    /// Asked when the parent did not handle a notification of this control itself.
+    virtual BOOL OnChildNotify(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+    /// Sees key messages before the window does; nonzero swallows them.
+    virtual BOOL PreTranslateMessage(MSG* pMsg);
+    virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
+    /// Called when the object has got its window, made or subclassed.
+    virtual void PreSubclassWindow() {}
+    /// Called last, after the window has gone.
+    virtual void PostNcDestroy();
+
+    // What handlers call in their base class. Each is the framework's default.
+    int OnCreate(LPCREATESTRUCT) { return 0; }
+    void OnDestroy() { Default(); }
+    void OnNcDestroy() { Default(); }
+    void OnClose() { Default(); }
+    void OnPaint() { Default(); }
+    void OnSysColorChange() { Default(); }
+    BOOL OnEraseBkgnd(CDC*) { return static_cast<BOOL>(Default()); }
+    void OnSize(UINT, int, int) { Default(); }
+    void OnMove(int, int) { Default(); }
+    void OnShowWindow(BOOL, UINT) { Default(); }
+    void OnEnable(BOOL) { Default(); }
+    void OnActivate(UINT, CWnd*, BOOL) { Default(); }
+    void OnSetFocus(CWnd*) { Default(); }
+    void OnKillFocus(CWnd*) { Default(); }
+    BOOL OnSetCursor(CWnd*, UINT, UINT) { return static_cast<BOOL>(Default()); }
+    void OnContextMenu(CWnd*, CPoint) { Default(); }
+    void OnDrawItem(int, LPDRAWITEMSTRUCT) { Default(); }
+    void OnMeasureItem(int, LPMEASUREITEMSTRUCT) { Default(); }
+    HBRUSH OnCtlColor(CDC*, CWnd*, UINT) { return reinterpret_cast<HBRUSH>(Default()); }
+    void OnHScroll(UINT, UINT, CScrollBar*) { Default(); }
+    void OnVScroll(UINT, UINT, CScrollBar*) { Default(); }
+    void OnKeyDown(UINT, UINT, UINT) { Default(); }
+    void OnKeyUp(UINT, UINT, UINT) { Default(); }
+    void OnChar(UINT, UINT, UINT) { Default(); }
+    void OnMouseMove(UINT, CPoint) { Default(); }
+    void OnMouseLeave() { Default(); }
+    void OnLButtonDown(UINT, CPoint) { Default(); }
+    void OnLButtonUp(UINT, CPoint) { Default(); }
+    void OnLButtonDblClk(UINT, CPoint) { Default(); }
+    void OnRButtonDown(UINT, CPoint) { Default(); }
+    void OnRButtonUp(UINT, CPoint) { Default(); }
+    BOOL OnMouseWheel(UINT, short, CPoint) { return static_cast<BOOL>(Default()); }
+
+    DECLARE_MESSAGE_MAP()
+    friend struct CWndAccess;
+
+private:
+    std::unique_ptr<CFont> m_pFont;
+};
+
+TESSARA_API BOOL IsWindow(HWND hWnd);
+TESSARA_API BOOL PostMessage(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);
+TESSARA_API LRESULT SendMessage(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);
+TESSARA_API BOOL ReleaseCapture();
