@@ -10,6 +10,10 @@ GOOD = """# Start: the first step
 [page](docs/page.md), [far](https://example.org/none), [below](#start-the-first-step), `examples/data`, `docs/page.md`
 ![a picture
 of two lines](docs/images/a.png) [LICENSE](LICENSE) [there](docs/page.md#second-part)
+```cpp
+  int n = 1;
+  ++n;
+```
 """
 
 
@@ -19,7 +23,8 @@ class CheckLinksTest(unittest.TestCase):
             folder = Path(name)
             (folder / "docs/images").mkdir(parents=True)
             (folder / "examples/data").mkdir(parents=True)
-            for path, text in {"docs/page.md": page, "docs/images/a.png": "", "LICENSE": ""}.items():
+            for path, text in {"docs/page.md": page, "docs/images/a.png": "", "LICENSE": "",
+                               "examples/data/a.cpp": "{\n  int n = 1;\n  ++n;\n}\n"}.items():
                 (folder / path).write_text(text, encoding="utf-8")
             if readme is not None:
                 (folder / "README.md").write_text(readme, encoding="utf-8")
@@ -30,7 +35,7 @@ class CheckLinksTest(unittest.TestCase):
 
     def test_planted_faults_are_found(self):
         for planted in ("[x](none.md)", "[x](docs/page.md#third-part)", "![a\nb](docs/b.png)", "`examples/none`",
-                        "[x](#no-heading)"):
+                        "[x](#no-heading)", "\n```cpp\n  int n = 2;\n  ++n;\n```\n"):
             with self.subTest(planted):
                 self.assertEqual(len(self.faults_of(GOOD + planted)), 1)
         self.assertEqual(self.faults_of(GOOD, "[x](docs/page.md)"),
