@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QLabel>
@@ -91,6 +93,18 @@ TEST_F(ControlTest, StaticsKeepTheirTextAndShowItWithoutMark) {
     CStatic plain;
     ASSERT_TRUE(plain.Create("R&D", WS_CHILD | SS_NOPREFIX, CRect(0, 0, 90, 20), &m_dialog, 701));
     EXPECT_EQ(static_cast<QLabel*>(ControlOf(701))->text(), "R&D");
+    label.SetWindowText("a\xE2\x82\xAC!");
+    const std::pair<int, const char*> cuts[] = {{6, "a\xE2\x82\xAC!"}, {5, "a\xE2\x82\xAC"}, {4, "a"}, {1, ""}};
+    for (const auto& [nRoom, strShown] : cuts) {
+        char text[] = "########";
+        EXPECT_EQ(m_dialog.GetDlgItemText(700, text, nRoom), static_cast<int>(std::strlen(strShown)));
+        EXPECT_STREQ(text, strShown) << "cut before a whole character";
+    }
+    char text[] = "#";
+    EXPECT_EQ(m_dialog.GetDlgItemText(700, text, 0), 0);
+    EXPECT_STREQ(text, "#");
+    EXPECT_EQ(m_dialog.GetDlgItemText(699, text, 2), 0);
+    EXPECT_STREQ(text, "") << "no such control";
     EXPECT_TRUE(label.IsWindowVisible());
     EXPECT_FALSE(plain.IsWindowVisible()); // made without WS_VISIBLE
 }

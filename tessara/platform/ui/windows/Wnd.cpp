@@ -178,6 +178,16 @@ int CWnd::GetDlgItemText(int nID, CString& strText) const {
     return strText.GetLength();
 }
 
+int CWnd::GetDlgItemText(int nID, char* pszText, int nMaxCount) const {
+    if (const CWnd* pItem = GetDlgItem(nID)) {
+        return pItem->GetWindowText(pszText, nMaxCount);
+    }
+    if (pszText && nMaxCount > 0) {
+        *pszText = '\0';
+    }
+    return 0;
+}
+
 void CWnd::SetDlgItemInt(int nID, UINT nValue, BOOL bSigned) {
     CString strText;
     if (bSigned) {

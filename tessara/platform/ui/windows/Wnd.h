@@ -118,11 +118,15 @@ public:
     // Text and font
 
     void SetWindowText(const char* pszText);
+    /// Writes the text, zero-terminated, into a buffer of nMaxCount bytes and returns its length. What does
+    /// not fit is cut, but not inside a UTF-8 character.
     int GetWindowText(char* pszText, int nMaxCount) const;
     void GetWindowText(CString& strText) const;
     int GetWindowTextLength() const;
     void SetDlgItemText(int nID, const char* pszText);
     int GetDlgItemText(int nID, CString& strText) const;
+    /// The same by GetWindowText into a buffer.
+    int GetDlgItemText(int nID, char* pszText, int nMaxCount) const;
     void SetDlgItemInt(int nID, UINT nValue, BOOL bSigned = TRUE);
     void SetFont(CFont* pFont, BOOL bRedraw = TRUE);
     /// The window's font; null while it is the system's. GetLogFont of the result describes it.
