@@ -1,0 +1,98 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace tessara {
+
+/// An entry's line, taken apart.
+struct INIENTRY {
+    std::string strName;
+    std::string_view strValue; ///< as it stands, a part of the line
+};
+
+/// How names and values are written in one kind of INI file. Lines come without their end and without blanks
+/// around.
+class CIniSyntax {
+public:
+    virtual ~CIniSyntax() = default;
+
+    /// The name of the section that a line begins with '['; nothing where it cannot be read.
+    virtual std::optional<std::string> ReadHeader(std::string_view strLine) const = 0;
+    /// The entry of any other line; nothing for comments and for what cannot be read.
+    virtual std::optional<INIENTRY> ReadEntry(std::string_view strLine) const = 0;
+    virtual std::string WriteHeader(std::string_view strSection) const = 0;
+    virtual std::string WriteName(std::string_view strName) const = 0;
+};
+
+/// The bytes of an INI file, read and changed in place: a change touches the lines of its entry or section
+/// and no other byte. Comments, order, unreadable lines, a byte order mark and the kind of line ends stay as
+/// they are.
+///
+/// Names compare without regard to the case of ASCII letters. Entries before the first section are those of
+/// the section "". Sections of one name are one section, of entries of one name the first counts. What
+/// follows a header that cannot be read belongs to no section. Total for any bytes; each operation passes
+/// over the text once or twice.
+///
+/// Known libraries for such files normalise what they keep: they drop lines that they cannot read, join
+/// sections of one name and write line ends and blanks of their own.
+class CIniText {
+public:
+    /// Both live longer than the object.
+    CIniText(const CIniSyntax& syntax, std::string& strBytes) : m_syntax(syntax), m_strBytes(strBytes) {}
+
+    /// An entry's value as it stands.
+    std::optional<std::string> Find(std::string_view strSection, std::string_view strName) const;
+    /// Replaces the value in its line, or adds a line to the section, which is made where there is none.
+    void Set(std::string_view strSection, std::string_view strName, std::string_view strValue);
+    /// Removes all entries of that name. Returns whether there was one.
+    bool Remove(std::string_view strSection, std::string_view strName);
+
+    /// Adds a header at the end.
+    void AddSection(std::string_view strSection);
+    /// Removes headers and entries; comments and unreadable lines stay.
+    void RemoveSection(std::string_view strSection);
+
+    /// The names of sections that have a header or entries, each once, in the file's order.
+    std::vector<std::string> Sections() const;
+    /// The names of a section's entries, each once, in the file's order.
+    std::vector<std::string> Entries(std::string_view strSection) const;
+
+private:
+    struct PLACE {
+        std::size_t nPosition;
+        std::size_t nLength;
+    };
+
+    std::optional<PLACE> FindValue(std::string_view strSection, std::string_view strName) const;
+    std::optional<std::size_t> EndOf(std::string_view strSection) const;
+    void InsertLine(std::size_t nPosition, const std::string& strLine);
+    bool IsLastLineBlank() const;
+    std::string_view LineEnd() const;
+
+    const CIniSyntax& m_syntax;
+    std::string& m_strBytes;
+};
+
+/// Whether two names are the same but for the case of ASCII letters.
+bool IsSameName(std::string_view strA, std::string_view strB);
+
+/// Without the blanks, tabs and carriage returns around it.
+std::string_view Trimmed(std::string_view str);
+
+/// Names in the order in which they came, each once.
+class CNameList {
+public:
+    void Add(std::string_view strName);
+    std::vector<std::string> Take() { return std::move(m_names); }
+
+private:
+    std::vector<std::string> m_names;
+    std::unordered_set<std::string> m_known; ///< in lower case
+};
+
+} // namespace tessara
