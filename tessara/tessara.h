@@ -5,6 +5,7 @@
 
 #include "tessara/curveplot/GetValueDialog.h"
 #include "tessara/curveplot/OutputCurve.h"
+#include "tessara/document/RegistrySettings.h"
 #include "tessara/numeric/Curve.h"
 #include "tessara/numeric/CurvePartInfo.h"
 #include "tessara/numeric/DoublePoint.h"

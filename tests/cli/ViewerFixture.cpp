@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QMenuBar>
-#include <QSettings>
 #include <QTimer>
 #include <QWheelEvent>
 
@@ -17,7 +16,7 @@ CViewerFixture::CViewerFixture(const std::string& strFile, OPENPLOT fnOpen) : m_
     }
     CViewerPlot::s_nPlots = 0;
     CViewerPlot::s_nAttached = 0;
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, QString::fromStdString(m_folder.Path("")));
+    setenv("XDG_CONFIG_HOME", m_folder.Path("").c_str(), 1);
     Start();
 }
 

@@ -4,7 +4,9 @@
 
 #include <gmock/gmock.h>
 
+#include "tessara/document/RegistrySettings.h"
 #include "tessara/platform/base/Exception.h"
+#include "tessara/platform/files/settings/RegKey.h"
 #include "tessara/platform/ui/windows/ClientDC.h"
 #include "tests/ui/Frames.h"
 
@@ -206,9 +208,49 @@ TEST_F(DocumentTest, SettingsAreKeptByKeyAndName) {
     CTestApp next;
     EXPECT_EQ(static_cast<int>(next.GetProfileInt("Preferences", "Count", 7)), -12);
     EXPECT_EQ(next.GetProfileString("Archive", "Last"), "/a, b/\xC3\xA4\\c.txt");
-    EXPECT_TRUE(std::filesystem::exists(PathOf("Tests/Marks.ini").View()));
     next.WriteProfileString("Archive", "Last", nullptr);
     EXPECT_EQ(next.GetProfileString("Archive", "Last", "none"), "none");
+    for (const char* pszSection : {"A\\B", "A_B", "A/B"}) {
+        EXPECT_TRUE(m_app.WriteProfileString(pszSection, "Bytes", CString("\xFF\r\n\" ") + pszSection));
+    }
+    for (const char* pszSection : {"A\\B", "A_B", "A/B"}) {
+        EXPECT_EQ(next.GetProfileString(pszSection, "Bytes"), CString("\xFF\r\n\" ") + pszSection);
+    }
+}
+
+TEST_F(DocumentTest, NumbersOfTheRegistryAreThoseOfTheProgramsKey) {
+    EXPECT_EQ(ReadRegistryDword("Preferences", "ShowWelcomeDialog", 1), 1U);
+    EXPECT_FALSE(std::filesystem::exists(PathOf("Tests/tessara.settings").View())) << "reading makes nothing";
+    WriteRegistryDword("Preferences", "ShowWelcomeDialog", 0xFFFFFFFF);
+    EXPECT_EQ(ReadRegistryDword("Preferences", "ShowWelcomeDialog", 7), 0xFFFFFFFF);
+    CRegKey key;
+    ASSERT_EQ(key.Open(HKEY_CURRENT_USER, "Tests\\Preferences"), ERROR_SUCCESS);
+    key.SetValue("text", "ShowWelcomeDialog");
+    EXPECT_EQ(ReadRegistryDword("Preferences", "ShowWelcomeDialog", 7), 7U);
+    m_app.WriteProfileInt("Deep\\Er", "Count", -3);
+    ASSERT_EQ(key.Open(HKEY_CURRENT_USER, "Tests\\Marks\\Deep\\Er"), ERROR_SUCCESS);
+    unsigned long nCount = 0;
+    EXPECT_EQ(key.QueryValue(nCount, "Count"), ERROR_SUCCESS);
+    EXPECT_EQ(nCount, 0xFFFFFFFD);
+    m_app.SetRegistryKey(nullptr);
+    WriteRegistryDword("Preferences", "ShowWelcomeDialog", 3);
+    EXPECT_EQ(ReadRegistryDword("Preferences", "ShowWelcomeDialog", 9), 9U) << "a program without a key";
+}
+
+TEST_F(DocumentTest, SettingsAndRecentFilesOfAnEarlierVersionAreKept) {
+    std::filesystem::create_directories(PathOf("Tests").View());
+    WriteText(PathOf("Tests/Marks.ini"),
+              "[Recent%20File%20List]\nFile1=/a.txt\nFile2=\"/b, c.txt\"\n\n[Viewer]\nLeft=-12\n");
+    CTestApp upgraded;
+    EXPECT_EQ(upgraded.GetRecentFiles(), (std::vector<CString>{"/a.txt", "/b, c.txt"}));
+    EXPECT_EQ(static_cast<int>(upgraded.GetProfileInt("Viewer", "Left", 0)), -12);
+    upgraded.AddToRecentFileList("/d.txt");
+    CTestApp other;
+    other.AddToRecentFileList("/e.txt");
+    upgraded.AddToRecentFileList("/f.txt");
+    EXPECT_EQ(upgraded.GetRecentFiles(), (std::vector<CString>{"/f.txt", "/e.txt", "/d.txt", "/a.txt"}))
+        << "another program's too";
+    EXPECT_EQ(static_cast<int>(other.GetProfileInt("Viewer", "Left", 0)), -12);
 }
 
 } // namespace

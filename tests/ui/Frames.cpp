@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QSettings>
 #include <filesystem>
 #include <stdexcept>
 
@@ -66,7 +65,7 @@ CString MakeFolder() {
                         ::testing::UnitTest::GetInstance()->current_test_info()->name();
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, QString::fromStdString(folder.string()));
+    setenv("XDG_CONFIG_HOME", folder.string().c_str(), 1);
     return {folder.c_str()};
 }
 

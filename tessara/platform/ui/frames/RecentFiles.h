@@ -2,11 +2,12 @@
 
 #include <vector>
 
-#include "tessara/platform/ui/frames/Settings.h"
+#include "tessara/platform/files/settings/Settings.h"
 
 namespace tessara {
 
-/// The files that a program opened or saved last, the newest first, kept in its settings.
+/// The files that a program opened or saved last, the newest first, kept in its settings: what another run of
+/// it has added meanwhile is kept there too.
 class CRecentFiles {
 public:
     /// Reads the list from the settings, at most nMax files.
@@ -17,7 +18,7 @@ public:
     const std::vector<CString>& GetPaths() const { return m_paths; }
 
 private:
-    void Write();
+    void Change(const std::function<void(std::vector<CString>& paths)>& change);
 
     CSettings m_settings;
     std::size_t m_nMax;

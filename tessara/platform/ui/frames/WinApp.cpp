@@ -140,8 +140,8 @@ void CCommandLineInfo::ParseParam(const char* pszParam, BOOL bFlag, BOOL) {
 }
 
 void CWinApp::SetRegistryKey(const char* pszRegistryKey) {
-    m_strRegistryKey = pszRegistryKey;
-    m_pszRegistryKey = m_strRegistryKey.c_str();
+    m_strRegistryKey = pszRegistryKey ? pszRegistryKey : "";
+    m_pszRegistryKey = pszRegistryKey ? m_strRegistryKey.c_str() : nullptr;
 }
 
 tessara::CSettings CWinApp::GetSettings() const {
@@ -158,22 +158,17 @@ UINT CWinApp::GetProfileInt(const char* pszSection, const char* pszEntry, int nD
 
 CString CWinApp::GetProfileString(const char* pszSection, const char* pszEntry,
                                   const char* pszDefault) const {
-    return GetSettings().Read(pszSection, pszEntry).value_or(pszDefault);
+    const auto value = GetSettings().Read(pszSection, pszEntry);
+    return value ? tessara::SettingText(*value) : CString(pszDefault);
 }
 
 BOOL CWinApp::WriteProfileInt(const char* pszSection, const char* pszEntry, int nValue) {
-    CString strValue;
-    strValue.Format("%d", nValue);
-    return WriteProfileString(pszSection, pszEntry, strValue);
+    return GetSettings().Write(pszSection, pszEntry, static_cast<std::uint32_t>(nValue));
 }
 
 BOOL CWinApp::WriteProfileString(const char* pszSection, const char* pszEntry, const char* pszValue) {
-    if (pszValue) {
-        GetSettings().Write(pszSection, pszEntry, pszValue);
-    } else {
-        GetSettings().Remove(pszSection, pszEntry);
-    }
-    return TRUE;
+    return pszValue ? GetSettings().Write(pszSection, pszEntry, std::string(pszValue))
+                    : GetSettings().Remove(pszSection, pszEntry);
 }
 
 void CWinApp::LoadStdProfileSettings(UINT nMaxMRU) {

@@ -67,15 +67,17 @@ public:
     void ParseCommandLine(CCommandLineInfo& info);
     BOOL ProcessShellCommand(CCommandLineInfo& info);
 
-    // Settings: in the file of the registry key string and the application's name, under the user's
-    // configuration folder ($XDG_CONFIG_HOME or ~/.config).
+    // Settings: the key "registry key string\application's name\section" of the registry (Registry.h), which
+    // is a file under the user's configuration folder; docs/settings.md describes it. Failures are silent.
 
     void SetRegistryKey(const char* pszRegistryKey);
+    /// A number, also one that is written as a string.
     UINT GetProfileInt(const char* pszSection, const char* pszEntry, int nDefault) const;
     CString GetProfileString(const char* pszSection, const char* pszEntry,
                              const char* pszDefault = nullptr) const;
+    /// Zero where the settings cannot be written.
     BOOL WriteProfileInt(const char* pszSection, const char* pszEntry, int nValue);
-    /// A null value removes the entry.
+    /// A null value removes the entry. Zero where the settings cannot be written.
     BOOL WriteProfileString(const char* pszSection, const char* pszEntry, const char* pszValue);
     /// Reads the list of recent files; without it there is none.
     void LoadStdProfileSettings(UINT nMaxMRU = 4);
