@@ -4,7 +4,6 @@
 
 #include "cli/view/ViewerResources.h"
 #include "tessara/platform/ui/windows/ClientDC.h"
-#include "tessara/platform/ui/windows/System.h"
 
 namespace tessara {
 
@@ -33,14 +32,7 @@ void CViewerBanner::Say(const CString& strText) {
 }
 
 CSize CViewerBanner::TextSize(const CString& strText) {
-    CClientDC dc(this);
-    const LOGFONT description = WindowFont(this);
-    CFont font;
-    font.CreateFontIndirect(&description);
-    CFont* const pPrevious = dc.SelectObject(&font);
-    const CSize size = dc.GetTextExtent(strText);
-    dc.SelectObject(pPrevious);
-    return size;
+    return CClientDC(this).GetTextExtent(strText);
 }
 
 CViewerBanner::CParts CViewerBanner::LayOut(int nWidth) {

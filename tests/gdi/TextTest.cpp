@@ -79,6 +79,37 @@ TEST(Text, APositiveHeightIsTheCellsAndANegativeOneThatOfTheCharactersInIt) {
     }
 }
 
+TEST(Text, TheFontsMeasuresAreThoseOfItsTexts) {
+    CImageDC dc(10, 10, 600);
+    for (const auto& [nHeight, pszFace] : {std::pair{880, "Times New Roman"}, {-700, "Liberation Sans"}}) {
+        SelectFont(dc, nHeight, pszFace);
+        TEXTMETRIC metrics;
+        ASSERT_TRUE(dc.GetTextMetrics(&metrics));
+        EXPECT_EQ(metrics.tmHeight, dc.GetTextExtent("x", 1).cy);
+        EXPECT_EQ(metrics.tmAscent + metrics.tmDescent, metrics.tmHeight);
+        EXPECT_EQ(metrics.tmHeight - metrics.tmInternalLeading, nHeight < 0 ? -nHeight : 795);
+        EXPECT_GT(metrics.tmAveCharWidth, dc.GetTextExtent("i", 1).cx);
+        EXPECT_LT(metrics.tmAveCharWidth, dc.GetTextExtent("W", 1).cx);
+        EXPECT_GE(metrics.tmMaxCharWidth, dc.GetTextExtent("\xE2\x80\x94", 3).cx)
+            << "a dash as wide as the em";
+    }
+}
+
+TEST(Surface, ItsClipBoxIsTheDeviceUnlessNothingBoundsIt) {
+    CImageDC image(300, 200);
+    CRect box;
+    EXPECT_EQ(image.GetClipBox(&box), SIMPLEREGION);
+    EXPECT_EQ(box, CRect(0, 0, 300, 200));
+    CDC none;
+    CMetaFileDC picture;
+    picture.Create();
+    for (const CDC* const pDC : {&none, static_cast<CDC*>(&picture)}) {
+        box = CRect(1, 2, 3, 4);
+        EXPECT_EQ(pDC->GetClipBox(&box), 0);
+        EXPECT_TRUE(box.IsRectEmpty());
+    }
+}
+
 TEST(Text, StandsInItsCellWhichAnOpaqueBackgroundFills) {
     for (const int nMode : {OPAQUE, TRANSPARENT}) {
         CImageDC dc(100, 60);

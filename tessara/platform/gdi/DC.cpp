@@ -203,6 +203,19 @@ int CDC::GetDeviceCaps(int nIndex) const {
     }
 }
 
+int CDC::GetClipBox(RECT* pBox) const {
+    const tessara::CDeviceCaps caps = m_pSink ? m_pSink->GetCaps() : tessara::CDeviceCaps();
+    CRect box(0, 0, caps.size.cx, caps.size.cy);
+    if (!m_pSink || !caps.bBounded || box.IsRectEmpty()) {
+        *pBox = {0, 0, 0, 0};
+        return m_pSink && caps.bBounded ? NULLREGION : 0;
+    }
+    DPtoLP(&box);
+    box.NormalizeRect();
+    *pBox = box;
+    return SIMPLEREGION;
+}
+
 CPen* CDC::SelectObject(CPen* pPen) {
     if (!pPen) {
         return nullptr;
@@ -379,4 +392,22 @@ CSize CDC::GetTextExtent(const char* pszText, int nCount) const {
 
 CSize CDC::GetTextExtent(const CString& strText) const {
     return GetTextExtent(strText, strText.GetLength());
+}
+
+BOOL CDC::GetTextMetrics(TEXTMETRIC* pMetrics) const {
+    const LOGFONT& font = m_pState->font;
+    const tessara::CFontMeasures measures = tessara::MeasureFont(font);
+    *pMetrics = {measures.nLine,
+                 measures.nAscent,
+                 measures.nLine - measures.nAscent,
+                 measures.nLine - measures.nEm,
+                 0,
+                 measures.nMeanWidth,
+                 measures.nLargestWidth,
+                 font.lfWeight,
+                 font.lfItalic,
+                 font.lfUnderline,
+                 font.lfStrikeOut,
+                 font.lfCharSet};
+    return TRUE;
 }

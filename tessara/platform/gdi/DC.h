@@ -31,6 +31,25 @@ enum DeviceCapability : int {
     LOGPIXELSY = 90
 };
 
+/// What GetClipBox says of the part that can be drawn on.
+enum RegionType : int { NULLREGION = 1, SIMPLEREGION = 2 };
+
+/// The proportions of the selected font, in logical units.
+struct TEXTMETRIC {
+    LONG tmHeight;          ///< of a line, as GetTextExtent tells it: ascent and descent
+    LONG tmAscent;          ///< above the base line
+    LONG tmDescent;         ///< below it
+    LONG tmInternalLeading; ///< how much of the height is more than the characters' own
+    LONG tmExternalLeading; ///< between lines; 0: lines stand on each other
+    LONG tmAveCharWidth;    ///< the mean width that the font tells of itself
+    LONG tmMaxCharWidth;    ///< of the widest character that the font has
+    LONG tmWeight;          ///< as asked for
+    BYTE tmItalic;
+    BYTE tmUnderlined;
+    BYTE tmStruckOut;
+    BYTE tmCharSet;
+};
+
 constexpr DWORD SRCCOPY = 0x00CC0020; ///< BitBlt: the source as it is
 
 class CBitmap;
@@ -103,6 +122,11 @@ public:
 
     BOOL IsPrinting() const;
     int GetDeviceCaps(int nIndex) const; ///< 0 for what is not a DeviceCapability
+    /// The rectangle outside which nothing is drawn, in logical units: the whole device, since there is no
+    /// other clipping; left is not beyond right, nor top beyond bottom. SIMPLEREGION, or NULLREGION and an
+    /// empty rectangle where the device has no extent. Zero, and an empty rectangle, where nothing bounds the
+    /// surface: on a recorded picture and without a device.
+    int GetClipBox(RECT* pBox) const;
 
     /// Selects an object and returns the one selected before. Null selects nothing and returns null.
     CPen* SelectObject(CPen* pPen);
@@ -150,6 +174,8 @@ public:
     /// Width and height of the text in the selected font, in logical units, the same on every surface.
     CSize GetTextExtent(const char* pszText, int nCount) const;
     CSize GetTextExtent(const CString& strText) const;
+    /// The proportions of the selected font, measured as its texts are; nonzero.
+    BOOL GetTextMetrics(TEXTMETRIC* pMetrics) const;
 
     // What the stippled-line service draws curves with: see tessara::CPaletteScope.
 

@@ -51,6 +51,7 @@ struct CDeviceCaps {
     SIZE size{0, 0};        ///< pixels
     int nColors = 1 << 24;  ///< 2 for black and white
     bool bPrinting = false; ///< the surface is a printer, not a window or a picture
+    bool bBounded = true;   ///< nothing is drawn beyond the size; a recorded picture has no end
 };
 
 /// Where drawing ends: one device or picture. A sink keeps no drawing state of its own; each operation brings

@@ -67,7 +67,11 @@ class CMetafileRecorder : public CDrawSink {
 public:
     CMetafileRecorder() : m_objects(m_stream) {}
 
-    CDeviceCaps GetCaps() const override { return {}; }
+    CDeviceCaps GetCaps() const override {
+        CDeviceCaps caps;
+        caps.bBounded = false;
+        return caps;
+    }
     COLORREF ReadPixel(POINT device) const override;
     TESSARA_DRAW_OPERATIONS(TESSARA_OVERRIDE_OPERATION)
 

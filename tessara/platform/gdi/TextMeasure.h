@@ -24,6 +24,17 @@ TESSARA_API std::u32string DecodeFor(const LOGFONT& font, std::string_view strBy
 /// From any thread. This and the functions below throw CGraphicsException as CDC says.
 TESSARA_API SIZE MeasureText(const LOGFONT& font, std::string_view strBytes);
 
+/// The proportions of a font in its logical units, each rounded to the nearest integer and measured as texts
+/// are: a line is as high as MeasureText says.
+struct CFontMeasures {
+    LONG nLine;         ///< the height of a line
+    LONG nAscent;       ///< of it above the base line
+    LONG nEm;           ///< the height of the characters
+    LONG nMeanWidth;    ///< of a character
+    LONG nLargestWidth; ///< of a character
+};
+TESSARA_API CFontMeasures MeasureFont(const LOGFONT& font);
+
 /// The height of a font's em in its logical units, rounded to the nearest integer.
 TESSARA_API LONG MeasureEm(const LOGFONT& font);
 

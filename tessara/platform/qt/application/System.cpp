@@ -116,6 +116,9 @@ LOGFONT WindowFont(const CWnd* pWnd) {
     return OnMainThread([&] {
         EnsureApplication();
         CPeer* const pPeer = pWnd ? CPeer::Find(pWnd->GetSafeHwnd()) : nullptr;
+        if (pPeer && pPeer->GetFont()) {
+            return *pPeer->GetFont();
+        }
         return pPeer ? Describe(pPeer->GetWidget().font(), pPeer->GetRatio())
                      : Describe(QApplication::font(), qApp->devicePixelRatio());
     });

@@ -71,6 +71,14 @@ double CFontFace::GetAdvance(const QString& strText) const {
     return QFontMetricsF(m_font).horizontalAdvance(strText) / REFERENCE_SIZE;
 }
 
+double CFontFace::GetMeanWidth() const {
+    return QFontMetricsF(m_font).averageCharWidth() / REFERENCE_SIZE;
+}
+
+double CFontFace::GetLargestWidth() const {
+    return QFontMetricsF(m_font).maxWidth() / REFERENCE_SIZE;
+}
+
 double CFontFace::GetEm(LONG nHeight) const {
     const LONG nAsked = nHeight == 0 ? DEFAULT_HEIGHT : nHeight;
     return nAsked > 0 ? nAsked / GetLineHeight() : -static_cast<double>(nAsked);
@@ -88,6 +96,14 @@ SIZE MeasureText(const LOGFONT& font, std::string_view strBytes) {
     const double dEm = face.GetEm(font.lfHeight);
     const double dWidth = face.GetAdvance(QString::fromStdU32String(DecodeFor(font, strBytes))) * dEm;
     return {ToCoordinate(std::round(dWidth)), ToCoordinate(std::round(face.GetLineHeight() * dEm))};
+}
+
+CFontMeasures MeasureFont(const LOGFONT& font) {
+    const CFontFace& face = CFontFace::Find(font);
+    const double dEm = face.GetEm(font.lfHeight);
+    const auto fnUnits = [dEm](double dPart) { return ToCoordinate(std::round(dPart * dEm)); };
+    return {fnUnits(face.GetLineHeight()), fnUnits(face.GetAscent()), fnUnits(1),
+            fnUnits(face.GetMeanWidth()), fnUnits(face.GetLargestWidth())};
 }
 
 LONG MeasureEm(const LOGFONT& font) {

@@ -23,6 +23,9 @@ public:
     /// Width of a text in parts of the em, from the unhinted outlines.
     double GetAdvance(const QString& strText) const;
     double GetAscent() const { return m_dAscent; }
+    /// Widths of characters, in parts of the em.
+    double GetMeanWidth() const;
+    double GetLargestWidth() const;
     double GetLineHeight() const { return m_dAscent + m_dDescent; }
     /// The em of a font of that height (see LOGFONT), in the same unit.
     double GetEm(LONG nHeight) const;

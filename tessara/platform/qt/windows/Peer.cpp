@@ -148,8 +148,8 @@ LRESULT CPeer::NotifyWith(NMHDR& header, UINT nCode) {
 
 QSize CPeer::GetPixelSize() const {
     const double dRatio = GetRatio();
-    return {std::max(1, static_cast<int>(std::lround(m_pClient->width() * dRatio))),
-            std::max(1, static_cast<int>(std::lround(m_pClient->height() * dRatio)))};
+    return {static_cast<int>(std::lround(m_pClient->width() * dRatio)),
+            static_cast<int>(std::lround(m_pClient->height() * dRatio))};
 }
 
 CWindowSurface& CPeer::GetSurface() {

@@ -46,6 +46,10 @@ public:
     virtual void Invalidate(bool bErase);
     void PaintNow();
 
+    /// The font that the program gave the window, if it did.
+    const std::optional<LOGFONT>& GetFont() const { return m_font; }
+    void SetFont(const std::optional<LOGFONT>& font) { m_font = font; }
+
     /// The colour of the ground that a fresh image has. DEFAULT: that of the widget's palette.
     void SetGround(QColor color) { m_ground = color; }
 
@@ -92,6 +96,7 @@ private:
     std::unique_ptr<CWindowSurface> m_pSurface;
     std::optional<QCursor> m_pointer;
     std::optional<QColor> m_ground;
+    std::optional<LOGFONT> m_font;
     bool m_bInvalid = true;
     bool m_bErase = true;
     bool m_bPainting = false;

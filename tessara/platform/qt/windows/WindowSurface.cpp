@@ -7,7 +7,8 @@
 
 namespace tessara {
 
-CWindowSurface::CWindowSurface(QSize pixels, double dDotsPerInch) : m_image(pixels, QImage::Format_RGB32) {
+CWindowSurface::CWindowSurface(QSize pixels, double dDotsPerInch)
+    : m_image(pixels.expandedTo(QSize(1, 1)), QImage::Format_RGB32) {
     if (m_image.isNull()) {
         AfxThrowMemoryException();
     }

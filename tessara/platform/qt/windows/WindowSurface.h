@@ -10,10 +10,10 @@ namespace tessara {
 /// The backing image of a window, at its size in pixels.
 class CWindowSurface {
 public:
-    /// A white image. Throws CMemoryException.
+    /// A white image; one pixel that nobody sees where the window has no extent. Throws CMemoryException.
     CWindowSurface(QSize pixels, double dDotsPerInch);
 
-    QSize GetSize() const { return m_image.size(); }
+    QSize GetSize() const { return {m_caps.size.cx, m_caps.size.cy}; }
     const CDeviceCaps& GetCaps() const { return m_caps; }
     void Fill(QColor color);
     /// Where to draw; valid until the next GetImage.

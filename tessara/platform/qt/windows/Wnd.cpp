@@ -101,17 +101,13 @@ void CWnd::GetWindowText(CString& strText) const {
 }
 
 void CWnd::SetFont(CFont* pFont, BOOL) {
-    m_pFont.reset();
-    if (pFont) {
-        m_pFont = std::make_unique<CFont>();
-        m_pFont->CreateFontIndirect(&pFont->GetLogFont());
-    }
     OnPeer(*this, [&](CPeer& peer) {
-        if (!m_pFont) {
+        peer.SetFont(pFont ? std::optional(pFont->GetLogFont()) : std::nullopt);
+        if (!pFont) {
             peer.GetWidget().setFont(QApplication::font());
             return;
         }
-        const LOGFONT& font = m_pFont->GetLogFont();
+        const LOGFONT& font = pFont->GetLogFont();
         const auto& face = tessara::CFontFace::Find(font);
         peer.GetWidget().setFont(face.AtSize(
             std::max(1, static_cast<int>(std::lround(face.GetEm(font.lfHeight) / peer.GetRatio())))));

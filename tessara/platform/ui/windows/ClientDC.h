@@ -4,7 +4,8 @@
 
 /// A surface on a window's client area, in its pixels, on the ground that the window has. What is drawn stays
 /// until the window is painted anew. Text has an opaque background, as on any CDC: before a plot is painted
-/// on it, SetBkMode(TRANSPARENT).
+/// on it, SetBkMode(TRANSPARENT). It starts with the window's font, so a text is as large as in the window's
+/// controls; what the window's font becomes later does not change it.
 /// It may belong to any thread: the main thread, where the window's image is, does the drawing when it next
 /// waits or serves its loop, and the drawing thread waits for it. Texts are measured where that is asked for.
 class TESSARA_API CClientDC : public CDC {
@@ -13,6 +14,9 @@ class TESSARA_API CClientDC : public CDC {
 public:
     explicit CClientDC(CWnd* pWnd);
     ~CClientDC() override;
+
+private:
+    CFont m_font; ///< the window's; what the first selection of another hands back
 };
 
 /// The same under the framework's name for the whole window: here the frame is the desktop's.

@@ -4,7 +4,8 @@
 #include "tessara/platform/gdi/GdiObject.h"
 #include "tessara/platform/gdi/Geometry.h"
 
-// What the desktop says of itself. Main thread.
+// What the desktop says of itself. From any thread: the main one, where the desktop is known, answers when it
+// next waits or serves its loop.
 
 /// Numbers of the desktop's colours.
 enum SystemColor : int {
@@ -62,8 +63,8 @@ namespace tessara {
 /// without this call their Create returns zero there.
 TESSARA_API void RequireWindows();
 
-/// The font in which a window's controls show their texts, as a surface on the window selects it; the
-/// desktop's font when the window is null or has gone.
+/// The font with which a surface on the window starts: the one that SetFont gave it, else that of its texts
+/// at the device's size; the desktop's font when the window is null or has gone.
 TESSARA_API LOGFONT WindowFont(const CWnd* pWnd);
 
 } // namespace tessara

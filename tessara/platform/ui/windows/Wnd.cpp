@@ -7,6 +7,7 @@
 #include "tessara/platform/ui/threads/WinThread.h"
 #include "tessara/platform/ui/windows/ClientDC.h"
 #include "tessara/platform/ui/windows/PeerSeam.h"
+#include "tessara/platform/ui/windows/System.h"
 #include "tessara/platform/ui/windows/WindowTable.h"
 
 IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
@@ -58,7 +59,9 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, const char* pszClassName, const char* pszTe
         return FALSE;
     }
     if (create.style & WS_VISIBLE) {
-        ShowWindow(SW_SHOW);
+        ShowWindow(create.style & WS_MAXIMIZE   ? SW_SHOWMAXIMIZED
+                   : create.style & WS_MINIMIZE ? SW_SHOWMINIMIZED
+                                                : SW_SHOW);
     }
     return TRUE;
 }
@@ -199,6 +202,11 @@ void CWnd::SetDlgItemInt(int nID, UINT nValue, BOOL bSigned) {
 }
 
 CFont* CWnd::GetFont() const {
+    const LOGFONT font = tessara::WindowFont(this);
+    if (!m_pFont) {
+        m_pFont = std::make_unique<CFont>();
+    }
+    m_pFont->CreateFontIndirect(&font);
     return m_pFont.get();
 }
 

@@ -128,8 +128,10 @@ public:
     /// The same by GetWindowText into a buffer.
     int GetDlgItemText(int nID, char* pszText, int nMaxCount) const;
     void SetDlgItemInt(int nID, UINT nValue, BOOL bSigned = TRUE);
+    /// The font of the window's texts from now on; it is copied. Null is the desktop's.
     void SetFont(CFont* pFont, BOOL bRedraw = TRUE);
-    /// The window's font; null while it is the system's. GetLogFont of the result describes it.
+    /// The font with which surfaces on the window start, never null: see WindowFont in System.h. What it
+    /// points to lives as long as this object and describes the font as it was at the last call.
     CFont* GetFont() const;
 
     // Place and look
@@ -249,7 +251,7 @@ protected:
     friend struct CWndAccess;
 
 private:
-    std::unique_ptr<CFont> m_pFont;
+    mutable std::unique_ptr<CFont> m_pFont; ///< what GetFont has returned
 };
 
 TESSARA_API BOOL IsWindow(HWND hWnd);
