@@ -1,4 +1,6 @@
 #include <cmath>
+#include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <QPainter>
@@ -11,6 +13,7 @@
 #include "tessara/platform/gdi/PdfDC.h"
 #include "tessara/platform/gdi/PrinterDC.h"
 #include "tessara/platform/gdi/SvgDC.h"
+#include "tessara/platform/qt/drawing/PainterSink.h"
 #include "tests/cli/Folder.h"
 #include "tests/gdi/Surfaces.h"
 
@@ -123,18 +126,82 @@ TEST(Surface, StartsWithTextOnWhatIsThereWhereItIsMadeForPlots) {
 TEST(Printer, PrintsToAFileInColourOrBlackAndWhite) {
     for (const auto eColors : {CPrinterDC::color, CPrinterDC::blackAndWhite}) {
         const CFolder folder;
-        CPrinterDC dc("Title", folder.Path("file").c_str(), eColors);
+        CPrinterDC dc("T\xD7", folder.Path("file").c_str(), eColors);
         EXPECT_TRUE(dc.IsPrinting());
         EXPECT_EQ(dc.GetDeviceCaps(NUMCOLORS) == 2, eColors == CPrinterDC::blackAndWhite);
         const RECT rc = dc.GetClientRect();
         EXPECT_GT(rc.right, rc.bottom) << "landscape";
         EXPECT_TRUE(dc.NewPage());
         DrawSample(dc, "Sample");
+        EXPECT_TRUE(folder.List().empty()) << "written by Close only";
         dc.Close();
         dc.LineTo(9, 9);
-        EXPECT_THAT(folder.Read("file"), AllOf(StartsWith("%PDF-"), HasSubstr("/Count 2")));
+        EXPECT_FALSE(dc.NewPage());
+        const std::string strTitle("\0T\0\xD7", 4); // in the file it is UTF-16
+        EXPECT_THAT(folder.Read("file"),
+                    AllOf(StartsWith("%PDF-"), HasSubstr("/Count 2"), HasSubstr(strTitle)));
     }
-    EXPECT_THROW(CPrinterDC("Title", CFolder().Path("missing/file").c_str()), CFileException);
+    CPrinterDC nowhere("Title", CFolder().Path("missing/file").c_str());
+    EXPECT_THROW(nowhere.Close(), CFileException);
+}
+
+/// As if the disk were full: no file can become larger than a few bytes while this lives.
+class CFullDisk {
+public:
+    CFullDisk() : m_pOld(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit small{64, m_limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~CFullDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_limit);
+        std::signal(SIGXFSZ, m_pOld);
+    }
+    CFullDisk(const CFullDisk&) = delete;
+    CFullDisk& operator=(const CFullDisk&) = delete;
+
+private:
+    void (*m_pOld)(int);
+    rlimit m_limit{};
+};
+
+TEST(Printer, ThrowsOnAFullDiskAndLeavesTheFileAsItWas) {
+    const CFolder folder;
+    folder.Write("file", "what was there");
+    bool bThrown = false;
+    {
+        CPrinterDC dc("Title", folder.Path("file").c_str());
+        DrawSample(dc, "Sample");
+        const CFullDisk disk;
+        try {
+            dc.Close();
+        } catch (const CFileException&) {
+            bThrown = true;
+        }
+    }
+    EXPECT_TRUE(bThrown);
+    EXPECT_EQ(folder.Read("file"), "what was there");
+    EXPECT_EQ(folder.List().size(), 1U);
+}
+
+TEST(Printer, HasGreyInkWhereItHasNoColours) {
+    QImage paper(40, 40, QImage::Format_ARGB32);
+    paper.fill(Qt::white);
+    tessara::CDeviceCaps caps;
+    caps.size = {40, 40};
+    caps.nColors = 2;
+    {
+        CDC dc(std::make_unique<tessara::CPainterSink>(paper, caps, tessara::CPainterSink::Style::vector));
+        CPen pen(PS_SOLID, 3, RGB(255, 0, 0));
+        CBrush brush(RGB(0, 0, 255));
+        dc.SelectObject(&pen);
+        dc.SelectObject(&brush);
+        dc.Rectangle(2, 2, 20, 20);
+        dc.SetTextColor(RGB(0, 160, 0));
+        dc.TextOut(20, 20, "W", 1);
+    }
+    EXPECT_TRUE(paper.allGray());
+    EXPECT_NE(paper.pixelColor(10, 10), QColor(Qt::white));
 }
 
 TEST(Png, ReadsBackEqualWithAPaletteForUpTo256ColoursAndItsResolution) {

@@ -5,6 +5,10 @@
 
 #include "tessara/platform/gdi/DC.h"
 
+namespace tessara {
+class CImageSink;
+}
+
 /// The pixels of an image in memory: 32 bits each, the number 0xRRGGBB in the machine's byte order; the
 /// highest byte means nothing. Rows stand from the top down, pixels in a row from the left, without gaps.
 struct IMAGEPIXELS {
@@ -45,4 +49,7 @@ public:
     /// Writes the image as PNG, with its resolution; as a palette image when it has at most 256 colours.
     /// Throws CFileException; the file is then as it was.
     void SavePng(const char* pszPath) const;
+
+private:
+    tessara::CImageSink* m_pImage; ///< the sink
 };

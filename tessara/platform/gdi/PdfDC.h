@@ -4,6 +4,10 @@
 
 #include "tessara/platform/gdi/DC.h"
 
+namespace tessara {
+class CPagedSink;
+}
+
 /// A surface that becomes a PDF file of one page. Text stays text, fonts are embedded. The page has no ground
 /// of its own: it is as white as the paper, or what a program that places the page elsewhere has under it.
 /// Text has a transparent background (CDC). This is a picture, not a printer: IsPrinting is false.
@@ -26,5 +30,6 @@ public:
 
 private:
     std::string m_strPath;
+    tessara::CPagedSink* m_pPage = nullptr; ///< the sink, until Close
     RECT m_rcClient{0, 0, 0, 0};
 };

@@ -4,6 +4,10 @@
 
 #include "tessara/platform/gdi/DC.h"
 
+namespace tessara {
+class CSvgSink;
+}
+
 /// A surface that becomes an SVG file, filled with white as an image is. Text stays text, in Liberation Serif
 /// or its metric equals, and has a transparent background (CDC).
 ///
@@ -25,5 +29,6 @@ public:
 
 private:
     std::string m_strPath;
+    tessara::CSvgSink* m_pPicture = nullptr; ///< the sink, until Close
     RECT m_rcClient{0, 0, 0, 0};
 };

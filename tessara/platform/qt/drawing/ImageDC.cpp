@@ -40,6 +40,8 @@ CDeviceCaps ImageCaps(int nWidth, int nHeight, double dDotsPerInch) {
     return caps;
 }
 
+} // namespace
+
 /// An image with the painter that draws on it.
 class CImageSink : private QImage, public CPainterSink {
 public:
@@ -50,6 +52,8 @@ public:
 
     const QImage& GetImage() const { return *this; }
 };
+
+namespace {
 
 /// The same picture with a palette, or a null image when it has too many colours. A palette image is quicker
 /// to encode and smaller.
@@ -100,8 +104,10 @@ QByteArray EncodePng(const QImage& image) {
 } // namespace tessara
 
 CImageDC::CImageDC(int nWidth, int nHeight, double dDotsPerInch) {
-    Attach(std::make_unique<tessara::CImageSink>(std::max(nWidth, 1), std::max(nHeight, 1),
-                                                 tessara::HoldResolution(dDotsPerInch)));
+    auto pImage = std::make_unique<tessara::CImageSink>(std::max(nWidth, 1), std::max(nHeight, 1),
+                                                        tessara::HoldResolution(dDotsPerInch));
+    m_pImage = pImage.get();
+    Attach(std::move(pImage));
     SetBkMode(TRANSPARENT);
 }
 
@@ -109,7 +115,7 @@ CImageDC::~CImageDC() = default;
 
 void CImageDC::SetSmooth(bool bSmooth) {
     using Style = tessara::CPainterSink::Style;
-    static_cast<tessara::CImageSink*>(GetSink())->SetStyle(bSmooth ? Style::smoothPixels : Style::pixels);
+    m_pImage->SetStyle(bSmooth ? Style::smoothPixels : Style::pixels);
 }
 
 RECT CImageDC::GetClientRect() const {
@@ -118,12 +124,12 @@ RECT CImageDC::GetClientRect() const {
 }
 
 IMAGEPIXELS CImageDC::GetPixels() const {
-    const QImage& image = static_cast<tessara::CImageSink*>(GetSink())->GetImage();
+    const QImage& image = m_pImage->GetImage();
     return {reinterpret_cast<const std::uint32_t*>(image.constBits()), image.bytesPerLine(), image.width(),
             image.height()};
 }
 
 void CImageDC::SavePng(const char* pszPath) const {
-    const QByteArray bytes = tessara::EncodePng(static_cast<tessara::CImageSink*>(GetSink())->GetImage());
+    const QByteArray bytes = tessara::EncodePng(m_pImage->GetImage());
     tessara::WriteFile(pszPath, bytes);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QBuffer>
+#include <QPagedPaintDevice>
 #include <memory>
 #include <string>
 
@@ -30,11 +31,17 @@ public:
         : CPageDevice<DEVICE>(std::move(page)), CPainterSink(*this->pDevice, caps, Style::vector) {}
 
     DEVICE& GetDevice() { return *this->pDevice; }
-    /// Ends painting and hands over what was written.
+    /// Ends painting and hands over what was written: nothing by a device without a buffer.
     QByteArray Finish() {
         EndPainting();
-        return this->pBuffer->data();
+        return this->pBuffer ? this->pBuffer->data() : QByteArray();
     }
+};
+
+/// Pages of a PDF or a printer. A name of its own, so that public headers can speak of it.
+class CPagedSink : public CPageSink<QPagedPaintDevice> {
+public:
+    using CPageSink::CPageSink;
 };
 
 /// Writes a file, which is whole or, after a CFileException, as it was.

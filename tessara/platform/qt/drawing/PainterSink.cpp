@@ -35,6 +35,18 @@ LONG Sum(LONG nA, LONG nB) {
     return ToCoordinate(static_cast<double>(nA) + nB);
 }
 
+/// A picture without its colours, as transparent as it was.
+QImage InGrey(QImage image) {
+    for (int y = 0; y < image.height(); ++y) {
+        auto* const pRow = reinterpret_cast<QRgb*>(image.scanLine(y));
+        std::transform(pRow, pRow + image.width(), pRow, [](QRgb rgb) {
+            const int nGrey = qGray(rgb);
+            return qRgba(nGrey, nGrey, nGrey, qAlpha(rgb));
+        });
+    }
+    return image;
+}
+
 /// False for an outline inside an empty rectangle.
 bool HasPixels(const QRectF& shape) {
     return shape.width() >= 0 && shape.height() >= 0;
@@ -50,6 +62,15 @@ CPainterSink::CPainterSink(QPaintDevice& device, const CDeviceCaps& caps, Style 
     : m_painter(&device), m_caps(caps), m_eStyle(eStyle) {}
 
 CPainterSink::~CPainterSink() = default;
+
+QColor CPainterSink::Ink(COLORREF color) const {
+    const QColor full = ToQColor(color);
+    if (m_caps.nColors > 2) {
+        return full;
+    }
+    const int nGrey = qGray(full.rgb());
+    return QColor(nGrey, nGrey, nGrey);
+}
 
 void CPainterSink::EndPainting() {
     m_painter.end();
@@ -83,7 +104,7 @@ QPen CPainterSink::MakePen(const CDrawState& state, bool bExact) const {
     const double dExact = pen.lopnWidth.x * state.mapping.GetScaleX();
     const double dHair = IsVector() ? m_caps.dDotsPerInchX / 300.0 : 1.0;
     const double dWidth = bExact ? dExact : std::floor(dExact);
-    QPen result(ToQColor(pen.lopnColor), std::max(dWidth, dHair), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    QPen result(Ink(pen.lopnColor), std::max(dWidth, dHair), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     QList<qreal> dashes = DashPattern(pen.lopnStyle);
     if (!dashes.isEmpty()) {
         for (qreal& dLength : dashes) {
@@ -160,7 +181,7 @@ bool CPainterSink::PrepareShape(const CDrawState& state, bool bSmooth) {
     pen.setJoinStyle(Qt::MiterJoin);
     m_painter.setPen(pen);
     m_painter.setBrush(state.brush.lbStyle == BS_NULL ? QBrush(Qt::NoBrush)
-                                                      : QBrush(ToQColor(state.brush.lbColor)));
+                                                      : QBrush(Ink(state.brush.lbColor)));
     if (bSmooth && pen.style() == Qt::NoPen) {
         m_painter.setTransform(QTransform());
     }
@@ -228,8 +249,11 @@ void CPainterSink::FocusRect(const CDrawState& state, const RECT& rect) {
 }
 
 void CPainterSink::Picture(const CDrawState& state, const RECT& rect, const CPixels& pixels) {
-    const QImage image(reinterpret_cast<const uchar*>(pixels.colors.data()), pixels.size.cx, pixels.size.cy,
-                       QImage::Format_ARGB32);
+    QImage image(reinterpret_cast<const uchar*>(pixels.colors.data()), pixels.size.cx, pixels.size.cy,
+                 QImage::Format_ARGB32);
+    if (m_caps.nColors <= 2) {
+        image = InGrey(image);
+    }
     m_painter.setTransform(QTransform());
     m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     const QPointF first = MapExactly(state, {rect.left, rect.top});
@@ -252,7 +276,7 @@ void CPainterSink::Text(const CDrawState& state, POINT origin, std::string_view 
     m_painter.setRenderHint(QPainter::Antialiasing, true);
     if (IsVector()) {
         m_painter.setTransform(QTransform());
-        m_painter.setPen(ToQColor(state.textColor));
+        m_painter.setPen(Ink(state.textColor));
         m_painter.setFont(face.AtSize(static_cast<int>(std::lround(dEm))));
         m_painter.drawText(baseline, strText);
         return;
@@ -260,7 +284,7 @@ void CPainterSink::Text(const CDrawState& state, POINT origin, std::string_view 
     // Whole-pixel baselines keep the horizontal strokes of small text crisp.
     const double dUnit = dEm / CFontFace::REFERENCE_SIZE;
     m_painter.setTransform(QTransform(dUnit, 0, 0, dUnit, baseline.x(), std::round(baseline.y())));
-    m_painter.fillPath(face.GetOutlines(strText), ToQColor(state.textColor));
+    m_painter.fillPath(face.GetOutlines(strText), Ink(state.textColor));
 }
 
 } // namespace tessara

@@ -52,6 +52,8 @@ private:
     /// The farthest coordinate that is handed to Qt, in device units, and a point held within it.
     LONG GetReach() const;
     QPointF Hold(QPointF point) const;
+    /// A colour as the device shows it: a grey one where it has no colours.
+    QColor Ink(COLORREF color) const;
     void SetSmooth(bool bSmooth);
     bool IsVector() const { return m_eStyle == Style::vector; }
 

@@ -10,9 +10,7 @@ IMPLEMENT_DYNAMIC(CPdfDC, CDC)
 
 namespace {
 
-using CPdfSink = tessara::CPageSink<QPdfWriter>;
-
-std::unique_ptr<CPdfSink> MakeSink(double dWidthMm, double dHeightMm) {
+std::unique_ptr<tessara::CPagedSink> MakeSink(double dWidthMm, double dHeightMm) {
     tessara::EnsureApplication();
     const tessara::CDeviceCaps caps = tessara::PageCaps(dWidthMm, dHeightMm);
     auto pBuffer = std::make_unique<QBuffer>();
@@ -23,14 +21,16 @@ std::unique_ptr<CPdfSink> MakeSink(double dWidthMm, double dHeightMm) {
         QPageSize(QSizeF(dWidthMm, dHeightMm), QPageSize::Millimeter, QString(), QPageSize::ExactMatch));
     pWriter->setPageMargins(QMarginsF());
     pWriter->setCreator("Tessara");
-    return std::make_unique<CPdfSink>(
-        tessara::CPageDevice<QPdfWriter>{std::move(pBuffer), std::move(pWriter)}, caps);
+    return std::make_unique<tessara::CPagedSink>(
+        tessara::CPageDevice<QPagedPaintDevice>{std::move(pBuffer), std::move(pWriter)}, caps);
 }
 
 } // namespace
 
 CPdfDC::CPdfDC(const char* pszPath, double dWidthMm, double dHeightMm) : m_strPath(pszPath) {
-    Attach(MakeSink(dWidthMm, dHeightMm));
+    auto pPage = MakeSink(dWidthMm, dHeightMm);
+    m_pPage = pPage.get();
+    Attach(std::move(pPage));
     SetBkMode(TRANSPARENT);
     const SIZE size = GetSink()->GetCaps().size;
     m_rcClient = {0, 0, size.cx, size.cy};
@@ -43,7 +43,8 @@ RECT CPdfDC::GetClientRect() const {
 }
 
 void CPdfDC::Close() {
-    if (const std::unique_ptr<tessara::CDrawSink> pSink = Detach()) {
-        tessara::WriteFile(m_strPath, static_cast<CPdfSink&>(*pSink).Finish());
+    const std::unique_ptr<tessara::CDrawSink> pSink = Detach();
+    if (auto* const pPage = std::exchange(m_pPage, nullptr)) {
+        tessara::WriteFile(m_strPath, pPage->Finish());
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPdfWriter>
 #include <QPrinter>
 #include <memory>
 
@@ -9,7 +10,12 @@ namespace tessara {
 
 /// A printer at its highest resolution, landscape A4, or a PDF of that name.
 std::unique_ptr<QPrinter> MakePrinter(const QString& strFileName);
-/// The printable area and colours of a printer.
-CDeviceCaps PrinterCaps(const QPrinter& printer);
+
+/// What takes the place of a printer that would print into a file: pages of the same layout, resolution and
+/// title in a buffer. A printer writes files by itself, and says nothing when the disk is full.
+std::unique_ptr<QPdfWriter> MakePrintFile(const QPrinter& printer, QIODevice& buffer);
+
+/// The printable area of a printer or of what takes its place, and the printer's colours.
+CDeviceCaps PrinterCaps(const QPagedPaintDevice& pages, QPrinter::ColorMode eColors);
 
 } // namespace tessara

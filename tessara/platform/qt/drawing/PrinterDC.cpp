@@ -1,17 +1,14 @@
 #include "tessara/platform/gdi/PrinterDC.h"
 
+#include <QFile>
+
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/qt/application/Application.h"
 #include "tessara/platform/qt/drawing/PageSink.h"
 #include "tessara/platform/qt/drawing/PrinterCaps.h"
+#include "tessara/platform/qt/windows/Peer.h"
 
 IMPLEMENT_DYNAMIC(CPrinterDC, CDC)
-
-namespace {
-
-using CPrinterSink = tessara::CPageSink<QPrinter>;
-
-} // namespace
 
 namespace tessara {
 
@@ -27,30 +24,59 @@ std::unique_ptr<QPrinter> MakePrinter(const QString& strFileName) {
     return pPrinter;
 }
 
-CDeviceCaps PrinterCaps(const QPrinter& printer) {
+std::unique_ptr<QPdfWriter> MakePrintFile(const QPrinter& printer, QIODevice& buffer) {
+    auto pWriter = std::make_unique<QPdfWriter>(&buffer);
+    pWriter->setResolution(printer.resolution());
+    pWriter->setPageLayout(printer.pageLayout());
+    pWriter->setTitle(printer.docName());
+    pWriter->setCreator("Tessara");
+    return pWriter;
+}
+
+CDeviceCaps PrinterCaps(const QPagedPaintDevice& pages, QPrinter::ColorMode eColors) {
     CDeviceCaps caps;
-    caps.dDotsPerInchX = printer.logicalDpiX();
-    caps.dDotsPerInchY = printer.logicalDpiY();
-    caps.size = {printer.width(), printer.height()};
-    caps.nColors = printer.colorMode() == QPrinter::GrayScale ? 2 : caps.nColors;
+    caps.dDotsPerInchX = pages.logicalDpiX();
+    caps.dDotsPerInchY = pages.logicalDpiY();
+    caps.size = {pages.width(), pages.height()};
+    caps.nColors = eColors == QPrinter::GrayScale ? 2 : caps.nColors;
     caps.bPrinting = true;
     return caps;
 }
 
+namespace {
+
+CPageDevice<QPagedPaintDevice> MakePages(const QString& strTitle, const std::string& strPath) {
+    std::unique_ptr<QPrinter> pPrinter = MakePrinter(QFile::decodeName(QByteArray::fromStdString(strPath)));
+    pPrinter->setDocName(strTitle);
+    if (strPath.empty()) {
+        return {nullptr, std::move(pPrinter)};
+    }
+    auto pBuffer = std::make_unique<QBuffer>();
+    pBuffer->open(QIODevice::WriteOnly);
+    auto pWriter = MakePrintFile(*pPrinter, *pBuffer);
+    return {std::move(pBuffer), std::move(pWriter)};
+}
+
+} // namespace
+
 } // namespace tessara
 
-CPrinterDC::CPrinterDC(const char* pszTitle, const char* pszFileName, ColorMode eColors) {
-    std::unique_ptr<QPrinter> pPrinter = tessara::MakePrinter(QString::fromLocal8Bit(pszFileName));
-    pPrinter->setDocName(QString::fromUtf8(pszTitle));
-    pPrinter->setColorMode(eColors == blackAndWhite ? QPrinter::GrayScale : QPrinter::Color);
-    const tessara::CDeviceCaps caps = tessara::PrinterCaps(*pPrinter);
-    auto pSink =
-        std::make_unique<CPrinterSink>(tessara::CPageDevice<QPrinter>{nullptr, std::move(pPrinter)}, caps);
-    if (!pSink->GetPainter().isActive()) {
-        AfxThrowFileException(CFileException::accessDenied, -1, pszFileName);
+CPrinterDC::CPrinterDC(const char* pszTitle, const char* pszFileName, ColorMode eColors)
+    : m_strPath(pszFileName ? pszFileName : "") {
+    const QString strTitle = tessara::ToQString(pszTitle ? pszTitle : "");
+    const auto eInk = eColors == blackAndWhite ? QPrinter::GrayScale : QPrinter::Color;
+    auto pages = tessara::MakePages(strTitle, m_strPath);
+    if (auto* const pPrinter = dynamic_cast<QPrinter*>(pages.pDevice.get())) {
+        pPrinter->setColorMode(eInk);
+    }
+    const tessara::CDeviceCaps caps = tessara::PrinterCaps(*pages.pDevice, eInk);
+    auto pPages = std::make_unique<tessara::CPagedSink>(std::move(pages), caps);
+    if (!pPages->GetPainter().isActive()) {
+        AfxThrowFileException(CFileException::accessDenied, -1, m_strPath.c_str());
     }
     m_rcClient = {0, 0, caps.size.cx, caps.size.cy};
-    Attach(std::move(pSink));
+    m_pPages = pPages.get();
+    Attach(std::move(pPages));
     SetBkMode(TRANSPARENT);
 }
 
@@ -61,10 +87,15 @@ RECT CPrinterDC::GetClientRect() const {
 }
 
 BOOL CPrinterDC::NewPage() {
-    auto* pSink = static_cast<CPrinterSink*>(GetSink());
-    return pSink && pSink->GetDevice().newPage();
+    return m_pPages && m_pPages->GetDevice().newPage();
 }
 
 void CPrinterDC::Close() {
-    Detach();
+    const std::unique_ptr<tessara::CDrawSink> pSink = Detach();
+    if (auto* const pPages = std::exchange(m_pPages, nullptr)) {
+        const QByteArray bytes = pPages->Finish();
+        if (!m_strPath.empty()) {
+            tessara::WriteFile(m_strPath, bytes);
+        }
+    }
 }

@@ -7,9 +7,19 @@
 
 IMPLEMENT_DYNAMIC(CSvgDC, CDC)
 
+namespace tessara {
+
+/// The picture of one surface.
+class CSvgSink : public CPageSink<QSvgGenerator> {
+public:
+    using CPageSink::CPageSink;
+};
+
+} // namespace tessara
+
 namespace {
 
-using CSvgSink = tessara::CPageSink<QSvgGenerator>;
+using tessara::CSvgSink;
 
 std::unique_ptr<CSvgSink> MakeSink(double dWidthMm, double dHeightMm) {
     tessara::EnsureApplication();
@@ -42,7 +52,9 @@ QByteArray NameFallbackFonts(QByteArray svg) {
 } // namespace
 
 CSvgDC::CSvgDC(const char* pszPath, double dWidthMm, double dHeightMm) : m_strPath(pszPath) {
-    Attach(MakeSink(dWidthMm, dHeightMm));
+    auto pPicture = MakeSink(dWidthMm, dHeightMm);
+    m_pPicture = pPicture.get();
+    Attach(std::move(pPicture));
     SetBkMode(TRANSPARENT);
     const SIZE size = GetSink()->GetCaps().size;
     m_rcClient = {0, 0, size.cx, size.cy};
@@ -55,7 +67,8 @@ RECT CSvgDC::GetClientRect() const {
 }
 
 void CSvgDC::Close() {
-    if (const std::unique_ptr<tessara::CDrawSink> pSink = Detach()) {
-        tessara::WriteFile(m_strPath, NameFallbackFonts(static_cast<CSvgSink&>(*pSink).Finish()));
+    const std::unique_ptr<tessara::CDrawSink> pSink = Detach();
+    if (auto* const pPicture = std::exchange(m_pPicture, nullptr)) {
+        tessara::WriteFile(m_strPath, NameFallbackFonts(pPicture->Finish()));
     }
 }

@@ -1,10 +1,12 @@
 #include <QApplication>
+#include <QBuffer>
+#include <QFile>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 
 #include "tessara/platform/base/Exception.h"
-#include "tessara/platform/qt/drawing/PainterSink.h"
+#include "tessara/platform/qt/drawing/PageSink.h"
 #include "tessara/platform/qt/drawing/PrinterCaps.h"
 #include "tessara/platform/qt/windows/Peer.h"
 #include "tessara/platform/ui/dialogs/MessageBox.h"
@@ -19,26 +21,29 @@ QWidget* WidgetOf(HWND hWnd) {
     return pPeer ? &pPeer->GetWidget() : QApplication::activeWindow();
 }
 
-/// Draws on a printer that somebody else has.
-class CPrinterSink : public CPainterSink {
-public:
-    explicit CPrinterSink(QPrinter& printer) : CPainterSink(printer, PrinterCaps(printer), Style::vector) {}
-};
-
 /// Prints on a printer of the user's, into a file, or on the pages of a preview.
 class CQtPrintTarget : public CPrintTarget {
 public:
-    explicit CQtPrintTarget(std::unique_ptr<QPrinter> pPrinter)
-        : m_pOwned(std::move(pPrinter)), m_printer(*m_pOwned) {}
+    explicit CQtPrintTarget(const CString& strFileName)
+        : m_strGiven(strFileName), m_pOwned(MakePrinter(QFile::decodeName(strFileName))),
+          m_printer(*m_pOwned) {}
     explicit CQtPrintTarget(QPrinter& printer) : m_printer(printer) {}
 
     bool Ask(CPrintInfo& info, HWND hOwner) override;
     std::unique_ptr<CDrawSink> Start(const CString& strTitle) override;
-    bool NewPage() override { return m_printer.newPage(); }
+    bool NewPage() override { return GetPages().newPage(); }
+    void Finish() override;
 
 private:
+    /// The file that is printed into, or an empty name. The user may have chosen another in the dialog.
+    std::string GetPath() const;
+    QPagedPaintDevice& GetPages() { return m_pFile ? static_cast<QPagedPaintDevice&>(*m_pFile) : m_printer; }
+
+    CString m_strGiven;
     std::unique_ptr<QPrinter> m_pOwned;
     QPrinter& m_printer;
+    QBuffer m_buffer;
+    std::unique_ptr<QPdfWriter> m_pFile; ///< after the buffer that it writes into
 };
 
 bool CQtPrintTarget::Ask(CPrintInfo& info, HWND hOwner) {
@@ -64,18 +69,34 @@ bool CQtPrintTarget::Ask(CPrintInfo& info, HWND hOwner) {
 
 std::unique_ptr<CDrawSink> CQtPrintTarget::Start(const CString& strTitle) {
     m_printer.setDocName(ToQString(strTitle.View()));
-    auto pSink = std::make_unique<CPrinterSink>(m_printer);
+    if (!GetPath().empty()) {
+        m_buffer.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        m_pFile = MakePrintFile(m_printer, m_buffer);
+    }
+    auto pSink = std::make_unique<CPainterSink>(GetPages(), PrinterCaps(GetPages(), m_printer.colorMode()),
+                                                CPainterSink::Style::vector);
     if (!pSink->GetPainter().isActive()) {
         AfxThrowFileException(CFileException::accessDenied, -1, m_printer.outputFileName().toLocal8Bit());
     }
     return pSink;
 }
 
+std::string CQtPrintTarget::GetPath() const {
+    const QString strName = m_printer.outputFileName();
+    const bool bGiven = strName == QFile::decodeName(m_strGiven);
+    return bGiven ? std::string(m_strGiven.View()) : QFile::encodeName(strName).toStdString();
+}
+
+void CQtPrintTarget::Finish() {
+    if (m_pFile) {
+        WriteFile(GetPath(), m_buffer.data());
+    }
+}
+
 } // namespace
 
 std::unique_ptr<CPrintTarget> MakePrintTarget(const CString& strFileName) {
-    return std::make_unique<CQtPrintTarget>(
-        MakePrinter(QString::fromLocal8Bit(static_cast<const char*>(strFileName))));
+    return std::make_unique<CQtPrintTarget>(strFileName);
 }
 
 void ShowPreview(HWND hOwner, const std::function<void(std::unique_ptr<CPrintTarget>)>& fnPrint) {

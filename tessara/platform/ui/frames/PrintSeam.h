@@ -15,9 +15,12 @@ public:
     virtual ~CPrintTarget() = default;
     /// Shows the print dialog; false when the user cancels.
     virtual bool Ask(CPrintInfo& info, HWND hOwner) = 0;
-    /// Starts a document on its first page. Throws CFileException when the printer or file cannot be opened.
+    /// Starts a document on its first page. Throws CFileException when the printer cannot be opened.
     virtual std::unique_ptr<CDrawSink> Start(const CString& strTitle) = 0;
     virtual bool NewPage() = 0;
+    /// Ends the document; its surface has gone. Throws CFileException when it was printed into a file that
+    /// cannot be written, which is then as it was.
+    virtual void Finish() = 0;
 };
 
 /// A target on the user's default printer, or on the PDF of that name when it is not empty.

@@ -67,11 +67,14 @@ void CView::PrintPages(CPrintInfo& info) {
     const SIZE size = pSink->GetCaps().size;
     info.m_rectDraw = CRect(0, 0, size.cx, size.cy);
     info.m_bContinuePrinting = TRUE;
-    CDC dc(std::move(pSink));
-    dc.SetBkMode(TRANSPARENT);
-    OnBeginPrinting(&dc, &info);
-    PrintEachPage(dc, info);
-    OnEndPrinting(&dc, &info);
+    {
+        CDC dc(std::move(pSink));
+        dc.SetBkMode(TRANSPARENT);
+        OnBeginPrinting(&dc, &info);
+        PrintEachPage(dc, info);
+        OnEndPrinting(&dc, &info);
+    }
+    info.m_pTarget->Finish();
 }
 
 void CView::OnFilePrint() {
