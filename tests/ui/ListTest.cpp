@@ -144,6 +144,81 @@ TEST_F(ListTest, ChecksAreToldWhenTheUserChangesThem) {
     EXPECT_EQ(m_dialog.TakeHeard(), "20:40 ");
 }
 
+TEST_F(ListTest, AnExtendedListHasAnyNumberOfLinesSelected) {
+    auto& single = Get<CListBox>(ID_LINES);
+    EXPECT_EQ(std::tuple(single.GetSelCount(), single.SetSel(0), single.GetSelItems(0, nullptr)),
+              std::tuple(LB_ERR, LB_ERR, LB_ERR));
+    single.SetCurSel(1);
+    EXPECT_EQ(std::tuple(single.GetSel(1), single.GetSel(0), single.GetSel(9)), std::tuple(1, 0, LB_ERR));
+    CListBox list;
+    ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LBS_NOTIFY | LBS_EXTENDEDSEL, CRect(0, 0, 120, 200),
+                            &m_dialog, 700));
+    for (const char* pszLine : {"a", "b", "c", "d", "e"}) {
+        list.AddString(pszLine);
+    }
+    const auto fnSelected = [&] {
+        std::vector<int> lines(9, -1);
+        lines.resize(static_cast<std::size_t>(list.GetSelItems(9, lines.data())));
+        EXPECT_EQ(static_cast<int>(lines.size()), list.GetSelCount());
+        return lines;
+    };
+    using Lines = std::vector<int>;
+    EXPECT_EQ(list.SetSel(3), 0);
+    EXPECT_EQ(list.SetSel(1), 0);
+    EXPECT_EQ(list.SetSel(5), LB_ERR);
+    EXPECT_EQ(list.SetCurSel(0), LB_ERR); // for lists of one selection
+    EXPECT_EQ(fnSelected(), (Lines{1, 3}));
+    int nFirst = -1;
+    EXPECT_EQ(list.GetSelItems(1, &nFirst), 1);
+    EXPECT_EQ(nFirst, 1);
+    EXPECT_EQ(list.DeleteString(1), 4); // "c", which comes in its place, is not selected
+    EXPECT_EQ(fnSelected(), (Lines{2}));
+    EXPECT_EQ(list.SetSel(2, FALSE), 0);
+    EXPECT_EQ(fnSelected(), Lines{});
+    EXPECT_EQ(list.SetSel(-1), 0);
+    EXPECT_EQ(fnSelected(), (Lines{0, 1, 2, 3}));
+    EXPECT_EQ(m_dialog.TakeHeard(), "");
+    const auto fnClick = [&](int nLine, Qt::KeyboardModifiers held) {
+        QTest::mouseClick(ClientOf(700), Qt::LeftButton, held, LineOf(700, nLine));
+        return fnSelected();
+    };
+    EXPECT_EQ(fnClick(1, {}), (Lines{1}));
+    EXPECT_EQ(fnClick(3, Qt::ControlModifier), (Lines{1, 3}));
+    EXPECT_EQ(list.GetCurSel(), 3);
+    EXPECT_EQ(fnClick(1, Qt::ControlModifier), (Lines{3}));
+    EXPECT_EQ(list.GetCurSel(), 1); // where the keyboard is, not what is selected
+    EXPECT_EQ(fnClick(3, Qt::ShiftModifier), (Lines{1, 2, 3}));
+    EXPECT_EQ(m_dialog.TakeHeard(), "10:512 700:4 700:1 700:1 700:1 700:1 ");
+    QTest::mouseClick(ClientOf(700), Qt::LeftButton, {}, QPoint(20, 190)); // below the lines
+    EXPECT_EQ(fnSelected(), (Lines{1, 2, 3}));
+}
+
+TEST_F(ListTest, ATablesRowsHaveCheckBoxes) {
+    CListCtrl& table = m_dialog.m_table;
+    EXPECT_FALSE(table.SetCheck(0));
+    EXPECT_EQ(table.GetItemState(0, LVIS_STATEIMAGEMASK), 0U);
+    table.SetExtendedStyle(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT);
+    EXPECT_TRUE(table.SetCheck(1));
+    EXPECT_FALSE(table.SetCheck(9));
+    EXPECT_EQ(std::pair(table.GetCheck(0), table.GetCheck(1)), std::pair(FALSE, TRUE));
+    EXPECT_EQ(m_dialog.TakeHeard(), "table 101:1,0 8192 ");
+    table.InsertItem(0, "new");
+    EXPECT_EQ(std::tuple(table.GetCheck(0), table.GetCheck(1), table.GetCheck(2)),
+              std::tuple(FALSE, FALSE, TRUE));
+    QTest::mouseClick(ClientOf(ID_TABLE), Qt::LeftButton, {},
+                      CellOf(2, 0).topLeft() + QPoint(9, CellOf(2, 0).height() / 2));
+    EXPECT_FALSE(table.GetCheck(2));
+    EXPECT_NE(m_dialog.TakeHeard().Find("table 101:2,0 4096 "), -1);
+    QTest::mouseClick(ClientOf(ID_TABLE), Qt::LeftButton, {}, CellOf(1, 1).center());
+    EXPECT_FALSE(table.GetCheck(1)); // not by a click beside the box
+    Press(ID_TABLE, Qt::Key_Space);
+    EXPECT_TRUE(table.GetCheck(1));
+    EXPECT_TRUE(table.SetItemState(1, LVIS_UNCHECKED, LVIS_STATEIMAGEMASK));
+    EXPECT_EQ(table.GetItemState(1, LVIS_STATEIMAGEMASK), UINT{LVIS_UNCHECKED});
+    table.SetExtendedStyle(0);
+    EXPECT_FALSE(table.GetCheck(1));
+}
+
 TEST_F(ListTest, ATableHoldsTextsDataAndStates) {
     CListCtrl& table = m_dialog.m_table;
     EXPECT_EQ(table.InsertItem(1, "Is"), 1);

@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QPainter>
 #include <QTimer>
 #include <algorithm>
@@ -16,8 +17,7 @@ namespace {
 /// Shows the pictures of an animation one after the other, as large as the widget allows.
 class CAnimationWidget : public QWidget {
 public:
-    CAnimationWidget(DWORD dwStyle, QWidget* pParent)
-        : QWidget(pParent), m_bAutoPlay((dwStyle & ACS_AUTOPLAY) != 0) {
+    CAnimationWidget(DWORD dwStyle, QWidget* pParent) : QWidget(pParent), m_dwStyle(dwStyle) {
         constexpr int MILLISECONDS_A_PICTURE = 80;
         m_timer.setInterval(MILLISECONDS_A_PICTURE);
         connect(&m_timer, &QTimer::timeout, this, [this] { Advance(); });
@@ -28,7 +28,7 @@ public:
         m_pictures.clear();
         m_nPicture = 0;
         m_bPlaying = false;
-        if (m_bAutoPlay) {
+        if (m_dwStyle & ACS_AUTOPLAY) {
             Play(0, -1, -1);
         }
         update();
@@ -64,7 +64,7 @@ private:
         return m_nTo < 0 ? nLast : std::min(m_nTo, nLast);
     }
 
-    bool m_bAutoPlay;
+    DWORD m_dwStyle;
     UINT m_nID = 0;
     QTimer m_timer;
     QList<QPixmap> m_pictures; ///< at the size of the widget; made when first painted
@@ -88,6 +88,9 @@ void CAnimationWidget::Advance() {
 }
 
 void CAnimationWidget::paintEvent(QPaintEvent*) {
+    if (!(m_dwStyle & ACS_TRANSPARENT)) {
+        QPainter(this).fillRect(rect(), QApplication::palette(this).window());
+    }
     const int nSide = static_cast<int>(std::lround(std::min(width(), height()) * devicePixelRatioF()));
     if (m_nID == 0 || nSide < 1) {
         return;
@@ -98,7 +101,8 @@ void CAnimationWidget::paintEvent(QPaintEvent*) {
     const QPixmap picture = m_pictures.value(std::clamp(m_nPicture, 0, std::max(0, GetLast())));
     const double dSide = nSide / devicePixelRatioF();
     QPainter painter(this);
-    painter.drawPixmap(QRectF((width() - dSide) / 2, (height() - dSide) / 2, dSide, dSide), picture,
+    const QSizeF room = m_dwStyle & ACS_CENTER ? QSizeF(width() - dSide, height() - dSide) : QSizeF(0, 0);
+    painter.drawPixmap(QRectF(room.width() / 2, room.height() / 2, dSide, dSide), picture,
                        QRectF(picture.rect()));
 }
 

@@ -1,6 +1,8 @@
 #include "tessara/platform/qt/controls/ControlPeer.h"
 
 #include <QApplication>
+#include <algorithm>
+#include <cmath>
 
 #include "tessara/platform/ui/threads/Dispatch.h"
 #include "tessara/platform/ui/threads/MessageMap.h"
@@ -11,6 +13,38 @@ namespace {
 
 COLORREF ToColorRef(const QColor& color) {
     return static_cast<COLORREF>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
+double Luminance(const QColor& color) {
+    const auto fnLinear = [](double dPart) {
+        return dPart <= 0.04045 ? dPart / 12.92 : std::pow((dPart + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * fnLinear(color.redF()) + 0.7152 * fnLinear(color.greenF()) +
+           0.0722 * fnLinear(color.blueF());
+}
+
+/// The desktop's colour of text, unless that is hard to read on a ground that a program has fixed without
+/// choosing a colour of text: then black or white. The measure is the contrast ratio of the accessibility
+/// guidelines, in which 4.5 is the least for text.
+QColor ReadableOn(const QColor& ground, const QColor& usual) {
+    constexpr double VEIL = 0.05;
+    constexpr double LEAST_CONTRAST = 4.5;
+    const double dGround = Luminance(ground) + VEIL;
+    const double dText = Luminance(usual) + VEIL;
+    if (std::max(dGround, dText) / std::min(dGround, dText) >= LEAST_CONTRAST) {
+        return usual;
+    }
+    return dGround * dGround >= VEIL * (1 + VEIL) ? Qt::black : Qt::white;
+}
+
+/// Sets a colour of text and, of what is disabled, one half way to the ground.
+void SetTextColor(QPalette& palette, const QColor& text, const QColor& ground) {
+    const QColor faint((text.red() + ground.red()) / 2, (text.green() + ground.green()) / 2,
+                       (text.blue() + ground.blue()) / 2);
+    for (const auto eRole : {QPalette::WindowText, QPalette::Text}) {
+        palette.setColor(eRole, text);
+        palette.setColor(QPalette::Disabled, eRole, faint);
+    }
 }
 
 } // namespace
@@ -67,11 +101,12 @@ void CControlPeer::AskColors() {
         palette.setColor(QPalette::Window, ground);
         palette.setColor(QPalette::Base, ground);
     }
-    if (text != usualText) {
-        palette.setColor(QPalette::WindowText, ToQColor(text));
-        palette.setColor(QPalette::Text, ToQColor(text));
-    }
     const bool bColored = bGround || text != usualText;
+    if (bColored) {
+        const QColor ground = bGround ? palette.color(QPalette::Window) : usual.color(QPalette::Window);
+        SetTextColor(palette, text != usualText ? ToQColor(text) : ReadableOn(ground, ToQColor(text)),
+                     ground);
+    }
     if (bColored || m_bColored) {
         GetWidget().setPalette(palette);
         GetWidget().setAutoFillBackground(bGround);

@@ -2,11 +2,13 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
-#include <QRegularExpressionValidator>
+#include <QValidator>
 #include <algorithm>
 
 #include "tessara/platform/qt/controls/ControlPeer.h"
+#include "tessara/platform/qt/controls/Edges.h"
 #include "tessara/platform/qt/controls/PeerFactory.h"
 
 namespace tessara {
@@ -55,6 +57,26 @@ private:
     qsizetype m_nBytes = 0; ///< of the text before the change
 };
 
+/// Lets the user add digits only. What else the program has put into the text may stay.
+class CDigitsOnly : public QValidator {
+public:
+    explicit CDigitsOnly(QLineEdit& line) : QValidator(&line), m_nOthers(CountOthers(line.text())) {
+        connect(&line, &QLineEdit::textChanged, this,
+                [this](const QString& strText) { m_nOthers = CountOthers(strText); });
+    }
+
+    State validate(QString& strInput, int&) const override {
+        return CountOthers(strInput) <= m_nOthers ? Acceptable : Invalid;
+    }
+
+    static qsizetype CountOthers(const QString& strText) {
+        return std::ranges::count_if(strText, [](QChar ch) { return ch < u'0' || ch > u'9'; });
+    }
+
+private:
+    qsizetype m_nOthers; ///< in the text before the change
+};
+
 class CLineWidget : public QLineEdit, public CEditWidget {
 public:
     explicit CLineWidget(QWidget* pParent) : QLineEdit(pParent) {
@@ -79,7 +101,7 @@ protected:
 
 class CTextWidget : public QPlainTextEdit, public CEditWidget {
 public:
-    CTextWidget(QWidget* pParent, bool bWantReturn) : QPlainTextEdit(pParent), m_bWantReturn(bWantReturn) {
+    CTextWidget(QWidget* pParent, DWORD dwStyle) : QPlainTextEdit(pParent), m_dwStyle(dwStyle) {
         setTabChangesFocus(true);
         connect(this, &QPlainTextEdit::textChanged, this, [this] { HoldLimit(); });
         connect(document(), &QTextDocument::contentsChanged, this, [this] {
@@ -109,15 +131,24 @@ protected:
     }
     void keyPressEvent(QKeyEvent* pEvent) override {
         const bool bReturn = pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter;
-        if (bReturn && !m_bWantReturn && !(pEvent->modifiers() & Qt::ControlModifier)) {
+        if (bReturn && !(m_dwStyle & ES_WANTRETURN) && !(pEvent->modifiers() & Qt::ControlModifier)) {
             pEvent->ignore(); // the default button's
-        } else {
+        } else if (pEvent->text().isEmpty() || !pEvent->text()[0].isPrint() || Takes(pEvent->text())) {
             QPlainTextEdit::keyPressEvent(pEvent);
+        }
+    }
+    void insertFromMimeData(const QMimeData* pData) override {
+        if (Takes(pData->text())) {
+            QPlainTextEdit::insertFromMimeData(pData);
         }
     }
 
 private:
-    bool m_bWantReturn;
+    bool Takes(const QString& strTyped) const {
+        return !(m_dwStyle & ES_NUMBER) || CDigitsOnly::CountOthers(strTyped) == 0;
+    }
+
+    DWORD m_dwStyle;
 };
 
 constexpr CControlTraits TRAITS{CTLCOLOR_EDIT, EN_SETFOCUS, EN_KILLFOCUS};
@@ -133,19 +164,28 @@ CPeer* MakeLinePeer(const CWindowDescription& description, QWidget* pParent) {
     auto* const pLine = new CLineWidget(pParent);
     pLine->setAlignment(ToAlignment(description.dwStyle) | Qt::AlignVCenter);
     pLine->setReadOnly((description.dwStyle & ES_READONLY) != 0);
-    if (description.dwStyle & ES_NUMBER) {
-        pLine->setValidator(
-            new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), pLine));
-    }
+    pLine->setFrame(HasEdge(description));
     pLine->setText(ToQString(description.strText.View())); // before anybody listens
+    if (description.dwStyle & ES_NUMBER) {
+        pLine->setValidator(new CDigitsOnly(*pLine));
+    }
     auto* const pPeer = new CControlPeer(description, pLine, TRAITS);
     OnSignal(*pPeer, pLine, &QLineEdit::textChanged, [pPeer](const QString&) { pPeer->Notify(EN_CHANGE); });
     return pPeer;
 }
 
 CPeer* MakeTextPeer(const CWindowDescription& description, QWidget* pParent) {
-    auto* const pText = new CTextWidget(pParent, (description.dwStyle & ES_WANTRETURN) != 0);
+    auto* const pText = new CTextWidget(pParent, description.dwStyle);
     pText->setReadOnly((description.dwStyle & ES_READONLY) != 0);
+    QTextOption option = pText->document()->defaultTextOption();
+    option.setAlignment(ToAlignment(description.dwStyle));
+    pText->document()->setDefaultTextOption(option);
+    SetEdge(*pText, description);
+    const auto fnBar = [&](WindowStyle eStyle) {
+        return description.dwStyle & eStyle ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
+    };
+    pText->setVerticalScrollBarPolicy(fnBar(WS_VSCROLL));
+    pText->setHorizontalScrollBarPolicy(fnBar(WS_HSCROLL));
     pText->setLineWrapMode(description.dwStyle & ES_AUTOHSCROLL ? QPlainTextEdit::NoWrap
                                                                 : QPlainTextEdit::WidgetWidth);
     auto* const pPeer = new CControlPeer(description, pText, TRAITS, pText->viewport());

@@ -6,10 +6,11 @@
 namespace tessara {
 
 /// A label that remembers its text as the program gave it. An '&' is a mnemonic for the buddy; without one it
-/// is left out.
+/// is left out. One for a picture never shows its text.
 class CLabelWidget : public QLabel {
 public:
-    CLabelWidget(QWidget* pParent, bool bPrefix) : QLabel(pParent), m_bPrefix(bPrefix) {
+    CLabelWidget(QWidget* pParent, bool bPrefix, bool bPicture)
+        : QLabel(pParent), m_bPrefix(bPrefix), m_bPicture(bPicture) {
         setTextFormat(Qt::PlainText);
     }
 
@@ -26,6 +27,7 @@ private:
     QString m_strText;
     QPointer<QWidget> m_pLabelled;
     bool m_bPrefix;
+    bool m_bPicture; ///< shows a picture or nothing
 };
 
 } // namespace tessara

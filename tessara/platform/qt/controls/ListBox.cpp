@@ -38,6 +38,21 @@ int SelectedLine(const CListBoxWidget& list) {
     return selected.isEmpty() ? LB_ERR : selected.first().row();
 }
 
+/// The lines that are selected, ascending; nothing for a list where only one can be.
+std::optional<std::vector<int>> SelectedLines(const CListBox& listBox) {
+    return OnWidget<CListBoxWidget>(listBox, [](CListBoxWidget& list) {
+        std::optional<std::vector<int>> lines;
+        if (list.IsExtended()) {
+            lines.emplace();
+            for (const QModelIndex& index : list.selectionModel()->selectedIndexes()) {
+                lines->push_back(index.row());
+            }
+            std::ranges::sort(*lines);
+        }
+        return lines;
+    });
+}
+
 /// Changes a list so that nobody takes what becomes of the selection for the user's doing.
 template <class FUNCTION>
 auto Change(const CListBox& listBox, FUNCTION fnChange) {
@@ -100,7 +115,8 @@ int CListBox::DeleteString(UINT nIndex) {
         if (!list.GetModel().Find(nLine)) {
             return LB_ERR;
         }
-        if (tessara::SelectedLine(list) == nLine) {
+        const QModelIndex index = list.GetModel().index(nLine);
+        if (!list.IsExtended() && list.selectionModel()->isSelected(index)) {
             list.selectionModel()->clear(); // else the next line would be selected
         }
         list.GetModel().Remove(nLine);
@@ -120,14 +136,60 @@ int CListBox::GetCount() const {
 }
 
 int CListBox::GetCurSel() const {
-    return OnWidget<CListBoxWidget>(*this, [](CListBoxWidget& list) { return tessara::SelectedLine(list); });
+    return OnWidget<CListBoxWidget>(*this, [](CListBoxWidget& list) {
+        return list.IsExtended() ? list.currentIndex().row() : tessara::SelectedLine(list);
+    });
 }
 
 int CListBox::SetCurSel(int nSelect) {
     return OnWidget<CListBoxWidget>(*this, [&](CListBoxWidget& list) {
+        if (list.IsExtended() || (nSelect != -1 && !list.GetModel().Find(nSelect))) {
+            return LB_ERR;
+        }
         list.Select(nSelect);
         return tessara::SelectedLine(list);
     });
+}
+
+int CListBox::GetSel(int nIndex) const {
+    return OnWidget<CListBoxWidget>(*this, [&](CListBoxWidget& list) {
+        const QModelIndex index = list.GetModel().index(nIndex);
+        return !index.isValid() ? LB_ERR : list.selectionModel()->isSelected(index) ? 1 : 0;
+    });
+}
+
+int CListBox::SetSel(int nIndex, BOOL bSelect) {
+    return tessara::Change(*this, [&](CListBoxWidget& list) {
+        const QModelIndex index = list.GetModel().index(nIndex);
+        if (!list.IsExtended() || (nIndex != -1 && !index.isValid())) {
+            return LB_ERR;
+        }
+        if (nIndex == -1) {
+            bSelect ? list.selectAll() : list.clearSelection();
+        } else {
+            list.selectionModel()->select(index, bSelect ? QItemSelectionModel::Select
+                                                         : QItemSelectionModel::Deselect);
+        }
+        if (bSelect && index.isValid()) {
+            list.scrollTo(index);
+        }
+        return 0;
+    });
+}
+
+int CListBox::GetSelCount() const {
+    const auto lines = tessara::SelectedLines(*this);
+    return lines ? static_cast<int>(lines->size()) : LB_ERR;
+}
+
+int CListBox::GetSelItems(int nMaxItems, int* pIndices) const {
+    const auto lines = tessara::SelectedLines(*this);
+    if (!lines) {
+        return LB_ERR;
+    }
+    const auto nCount = std::clamp<std::ptrdiff_t>(nMaxItems, 0, std::ssize(*lines));
+    std::copy_n(lines->begin(), nCount, pIndices);
+    return static_cast<int>(nCount);
 }
 
 int CListBox::GetText(int nIndex, CString& strText) const {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "tessara/platform/qt/controls/Edges.h"
 #include "tessara/platform/qt/drawing/ForwardingSink.h"
 #include "tessara/platform/ui/threads/Dispatch.h"
 
@@ -190,7 +191,10 @@ CListBoxWidget::CListBoxWidget(const CWindowDescription& description, QWidget* p
     setItemDelegate(new COwnerDrawing(*this));
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
-    setSelectionMode(description.dwStyle & LBS_NOSEL ? NoSelection : SingleSelection);
+    setSelectionMode(description.dwStyle & LBS_NOSEL         ? NoSelection
+                     : description.dwStyle & LBS_EXTENDEDSEL ? ExtendedSelection
+                                                             : SingleSelection);
+    SetEdge(*this, description);
     setHorizontalScrollBarPolicy(description.dwStyle & WS_HSCROLL ? Qt::ScrollBarAsNeeded
                                                                   : Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(!(description.dwStyle & WS_VSCROLL)         ? Qt::ScrollBarAlwaysOff
@@ -213,7 +217,7 @@ void CListBoxWidget::Select(int nIndex) {
 
 void CListBoxWidget::mousePressEvent(QMouseEvent* pEvent) {
     const QModelIndex index = indexAt(pEvent->position().toPoint());
-    if (m_model.IsCheckable() && index.isValid()) {
+    if (m_model.IsCheckable() && index.isValid() && !IsExtended()) {
         // Qt does not choose a line whose box is clicked.
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     }
@@ -229,11 +233,13 @@ void CListBoxWidget::mouseDoubleClickEvent(QMouseEvent* pEvent) {
 
 QItemSelectionModel::SelectionFlags CListBoxWidget::selectionCommand(const QModelIndex& index,
                                                                      const QEvent* pEvent) const {
+    if (pEvent && !index.isValid()) {
+        return QItemSelectionModel::NoUpdate; // on the ground below the lines
+    }
     if (selectionMode() != SingleSelection || !pEvent) {
         return QListView::selectionCommand(index, pEvent);
     }
-    // One line stays selected, also with Ctrl held or on the ground below the lines.
-    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+    return QItemSelectionModel::ClearAndSelect; // one line stays selected, also with Ctrl held
 }
 
 } // namespace tessara

@@ -52,6 +52,7 @@ public:
     CListBoxModel& GetModel() { return m_model; }
     bool KeepsStrings() const { return m_bStrings; }
     bool IsSorted() const { return m_bSorted; }
+    bool IsExtended() const { return selectionMode() == ExtendedSelection; }
     bool IsOwnerDrawn() const { return m_bOwnerDrawn && !m_model.IsCheckable(); }
     /// Selects a line, or none for an index below 0, as a program does: nobody is told.
     void Select(int nIndex);

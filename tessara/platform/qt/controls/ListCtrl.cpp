@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "tessara/platform/qt/controls/ControlPeer.h"
+#include "tessara/platform/qt/controls/Edges.h"
 #include "tessara/platform/qt/controls/ListModel.h"
 #include "tessara/platform/qt/controls/PeerFactory.h"
 
@@ -23,28 +24,42 @@ public:
         m_pPeer = pPeer;
         m_model.SetPeer(pPeer);
     }
-    void SetExtendedStyle(DWORD dwStyle) {
-        m_dwExtended = dwStyle;
-        setShowGrid((dwStyle & LVS_EX_GRIDLINES) != 0);
-    }
+    void SetExtendedStyle(DWORD dwStyle);
     DWORD GetExtendedStyle() const { return m_dwExtended; }
     int ToUnits(int nPixels) const { return static_cast<int>(std::lround(nPixels / devicePixelRatioF())); }
 
 protected:
     void mouseDoubleClickEvent(QMouseEvent* pEvent) override;
+    void keyPressEvent(QKeyEvent* pEvent) override;
+    void initViewItemOption(QStyleOptionViewItem* pOption) const override;
+    // Every cell may look different with the keyboard and without.
+    void focusInEvent(QFocusEvent* pEvent) override {
+        QTableView::focusInEvent(pEvent);
+        viewport()->update();
+    }
+    void focusOutEvent(QFocusEvent* pEvent) override {
+        QTableView::focusOutEvent(pEvent);
+        viewport()->update();
+    }
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
     void TellState(int nRow, UINT nNew, UINT nOld);
 
     CListModel m_model;
+    bool m_bShowAlways; ///< the selection, also without the keyboard
     CPeer* m_pPeer = nullptr;
     DWORD m_dwExtended = 0;
 };
 
 CListViewWidget::CListViewWidget(const CWindowDescription& description, QWidget* pParent)
-    : QTableView(pParent), m_model((description.dwStyle & LVS_OWNERDATA) != 0) {
+    : QTableView(pParent), m_model((description.dwStyle & LVS_OWNERDATA) != 0),
+      m_bShowAlways((description.dwStyle & LVS_SHOWSELALWAYS) != 0) {
     setModel(&m_model);
+    SetEdge(*this, description);
+    m_model.m_fnChecked = [this](int nRow, bool bChecked) {
+        TellState(nRow, bChecked ? LVIS_CHECKED : LVIS_UNCHECKED, bChecked ? LVIS_UNCHECKED : LVIS_CHECKED);
+    };
     setSelectionBehavior(SelectRows);
     setSelectionMode(description.dwStyle & LVS_SINGLESEL ? SingleSelection : ExtendedSelection);
     setEditTriggers(NoEditTriggers);
@@ -62,6 +77,33 @@ CListViewWidget::CListViewWidget(const CWindowDescription& description, QWidget*
     header.setSectionsClickable(!(description.dwStyle & LVS_NOSORTHEADER));
     header.setVisible(!(description.dwStyle & LVS_NOCOLUMNHEADER));
     header.setMinimumSectionSize(1);
+}
+
+void CListViewWidget::SetExtendedStyle(DWORD dwStyle) {
+    m_dwExtended = dwStyle;
+    setShowGrid((dwStyle & LVS_EX_GRIDLINES) != 0);
+    m_model.SetCheckable((dwStyle & LVS_EX_CHECKBOXES) != 0);
+    m_model.SetWholeRows((dwStyle & LVS_EX_FULLROWSELECT) != 0);
+    viewport()->update();
+}
+
+void CListViewWidget::initViewItemOption(QStyleOptionViewItem* pOption) const {
+    QTableView::initViewItemOption(pOption);
+    if (!m_bShowAlways && !hasFocus()) {
+        QPalette& palette = pOption->palette;
+        for (const auto eGroup : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            palette.setBrush(eGroup, QPalette::Highlight, palette.brush(eGroup, QPalette::Base));
+            palette.setBrush(eGroup, QPalette::HighlightedText, palette.brush(eGroup, QPalette::Text));
+        }
+    }
+}
+
+void CListViewWidget::keyPressEvent(QKeyEvent* pEvent) {
+    if (pEvent->key() == Qt::Key_Space && m_model.IsCheckable() && currentIndex().isValid()) {
+        m_model.SetChecked(currentIndex().row(), !m_model.IsChecked(currentIndex().row()));
+    } else {
+        QTableView::keyPressEvent(pEvent);
+    }
 }
 
 void CListViewWidget::mouseDoubleClickEvent(QMouseEvent* pEvent) {
@@ -264,6 +306,9 @@ BOOL CListCtrl::SetItemState(int nItem, UINT nState, UINT nMask) {
         if (nMask & nState & LVIS_FOCUSED) {
             selection.setCurrentIndex(index, QItemSelectionModel::NoUpdate);
         }
+        if (nMask & LVIS_STATEIMAGEMASK) {
+            list.GetModel().SetChecked(nItem, (nState & LVIS_STATEIMAGEMASK) == LVIS_CHECKED);
+        }
         return index.isValid();
     });
 }
@@ -271,10 +316,22 @@ BOOL CListCtrl::SetItemState(int nItem, UINT nState, UINT nMask) {
 UINT CListCtrl::GetItemState(int nItem, UINT nMask) const {
     return OnList(*this, [&](CListViewWidget& list) {
         const bool bSelected = list.selectionModel()->isRowSelected(nItem);
-        const UINT nState = (bSelected ? UINT{LVIS_SELECTED} : 0U) |
+        const UINT nBox = !list.GetModel().IsCheckable() || !list.GetModel().FindData(nItem) ? 0U
+                          : list.GetModel().IsChecked(nItem) ? UINT{LVIS_CHECKED}
+                                                             : UINT{LVIS_UNCHECKED};
+        const UINT nState = (bSelected ? UINT{LVIS_SELECTED} : 0U) | nBox |
                             (list.currentIndex().row() == nItem ? UINT{LVIS_FOCUSED} : 0U);
         return nState & nMask;
     });
+}
+
+BOOL CListCtrl::GetCheck(int nItem) const {
+    return (GetItemState(nItem, LVIS_STATEIMAGEMASK) & LVIS_STATEIMAGEMASK) == LVIS_CHECKED;
+}
+
+BOOL CListCtrl::SetCheck(int nItem, BOOL bCheck) {
+    return OnList(
+        *this, [&](CListViewWidget& list) -> BOOL { return list.GetModel().SetChecked(nItem, bCheck != 0); });
 }
 
 int CListCtrl::GetNextItem(int nItem, int nFlags) const {

@@ -1,5 +1,7 @@
 #include "tessara/platform/qt/controls/ListModel.h"
 
+#include <utility>
+
 #include "tessara/platform/ui/controls/ListCtrl.h"
 
 namespace tessara {
@@ -23,7 +25,38 @@ QVariant CListModel::data(const QModelIndex& index, int nRole) const {
         const Qt::Alignment alignment = m_columns[static_cast<std::size_t>(index.column())].alignment;
         return static_cast<int>(alignment | Qt::AlignVCenter);
     }
+    if (nRole == Qt::CheckStateRole && m_bCheckable && index.column() == 0) {
+        return IsChecked(index.row()) ? Qt::Checked : Qt::Unchecked;
+    }
     return {};
+}
+
+bool CListModel::setData(const QModelIndex& index, const QVariant& value, int nRole) {
+    return nRole == Qt::CheckStateRole && SetChecked(index.row(), value.toInt() == Qt::Checked);
+}
+
+Qt::ItemFlags CListModel::flags(const QModelIndex& index) const {
+    Qt::ItemFlags eFlags = QAbstractTableModel::flags(index);
+    eFlags.setFlag(Qt::ItemIsUserCheckable, m_bCheckable && index.column() == 0);
+    eFlags.setFlag(Qt::ItemIsSelectable, m_bWholeRows || index.column() == 0);
+    return eFlags;
+}
+
+bool CListModel::IsChecked(int nRow) const {
+    return m_bCheckable && HasRow(nRow) && m_rows[static_cast<std::size_t>(nRow)].bChecked;
+}
+
+bool CListModel::SetChecked(int nRow, bool bChecked) {
+    if (!m_bCheckable || !HasRow(nRow)) {
+        return false;
+    }
+    if (std::exchange(m_rows[static_cast<std::size_t>(nRow)].bChecked, bChecked) != bChecked) {
+        Q_EMIT dataChanged(index(nRow, 0), index(nRow, 0), {Qt::CheckStateRole});
+        if (m_fnChecked) {
+            m_fnChecked(nRow, bChecked);
+        }
+    }
+    return true;
 }
 
 QVariant CListModel::headerData(int nSection, Qt::Orientation eOrientation, int nRole) const {
@@ -57,7 +90,7 @@ void CListModel::RemoveColumn(int nColumn) {
 
 void CListModel::InsertRow(int nRow, const CString& strText) {
     beginInsertRows({}, nRow, nRow);
-    m_rows.insert(m_rows.begin() + nRow, {{strText}, 0});
+    m_rows.insert(m_rows.begin() + nRow, {{strText}, 0, false});
     endInsertRows();
 }
 

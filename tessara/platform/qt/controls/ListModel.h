@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <functional>
 #include <vector>
 
 #include "tessara/platform/qt/windows/Peer.h"
@@ -31,6 +32,19 @@ public:
     std::uintptr_t* FindData(int nRow);
     void SetRowCount(int nRows); ///< when rows are not held here
 
+    /// Whether rows that are held here have check boxes, in the first column.
+    void SetCheckable(bool bCheckable) { m_bCheckable = bCheckable && !m_bOwnerData; }
+    bool IsCheckable() const { return m_bCheckable; }
+    bool IsChecked(int nRow) const;
+    /// Also by the user, through setData. False where there is no box.
+    bool SetChecked(int nRow, bool bChecked);
+    /// Whether cells beyond the first column belong to what is selected.
+    void SetWholeRows(bool bWholeRows) { m_bWholeRows = bWholeRows; }
+    bool setData(const QModelIndex& index, const QVariant& value, int nRole) override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+    std::function<void(int nRow, bool bChecked)> m_fnChecked; ///< called when a check has changed
+
 private:
     struct CColumn {
         QString strHeading;
@@ -39,11 +53,14 @@ private:
     struct CRow {
         std::vector<CString> texts; ///< as many as have been set
         std::uintptr_t nData = 0;
+        bool bChecked = false;
     };
     CString AskText(int nRow, int nColumn) const;
     bool HasRow(int nRow) const { return nRow >= 0 && nRow < rowCount(); }
 
     bool m_bOwnerData;
+    bool m_bCheckable = false;
+    bool m_bWholeRows = false;
     CPeer* m_pPeer = nullptr;
     std::vector<CColumn> m_columns;
     std::vector<CRow> m_rows;

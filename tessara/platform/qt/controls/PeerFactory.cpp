@@ -1,10 +1,14 @@
 #include "tessara/platform/qt/controls/PeerFactory.h"
 
+#include <QApplication>
+#include <QResizeEvent>
 #include <cmath>
 
 #include "tessara/platform/gdi/GraphicsException.h"
 #include "tessara/platform/qt/application/Application.h"
+#include "tessara/platform/qt/controls/Edges.h"
 #include "tessara/platform/qt/frames/FrameWidget.h"
+#include "tessara/platform/qt/windows/WindowBlock.h"
 #include "tessara/platform/qt/windows/WindowText.h"
 #include "tessara/platform/ui/controls/ControlClasses.h"
 #include "tessara/platform/ui/dialogs/DialogSeam.h"
@@ -38,6 +42,22 @@ constexpr CPeerClass CLASSES[] = {
     {CLASS_ANIMATION, &MakeAnimationPeer},
 };
 
+/// An edge and the client area inside it.
+class CEdgeWidget : public QFrame {
+public:
+    CEdgeWidget(const CWindowDescription& description, QWidget* pParent) : QFrame(pParent), m_inside(this) {
+        SetEdge(*this, description);
+        m_inside.setMouseTracking(true);
+    }
+    QWidget& GetInside() { return m_inside; }
+
+protected:
+    void resizeEvent(QResizeEvent*) override { m_inside.setGeometry(contentsRect()); }
+
+private:
+    QWidget m_inside;
+};
+
 CPeerMaker FindMaker(const CString& strClass) {
     for (const CPeerClass& entry : CLASSES) {
         if (strClass.CompareNoCase(entry.pszName) == 0) {
@@ -55,6 +75,16 @@ QRect ToQRect(const RECT& rect, double dRatio) {
             QSize(fnScale(rect.right) - fnScale(rect.left), fnScale(rect.bottom) - fnScale(rect.top))};
 }
 
+void PlaceNow(QWidget& child, const QRect& place) {
+    const QSize before = child.size();
+    child.setGeometry(place);
+    if (child.testAttribute(Qt::WA_PendingResizeEvent)) {
+        QResizeEvent resize(place.size(), before);
+        QApplication::sendEvent(&child, &resize);
+        child.setAttribute(Qt::WA_PendingResizeEvent, false);
+    }
+}
+
 Qt::WindowFlags ToWindowFlags(DWORD dwStyle) {
     Qt::WindowFlags flags = Qt::Window;
     if (!(dwStyle & (WS_CAPTION | WS_THICKFRAME))) {
@@ -69,13 +99,20 @@ Qt::WindowFlags ToWindowFlags(DWORD dwStyle) {
 
 CPeer* MakePlainPeer(const CWindowDescription& description, QWidget* pParent) {
     const bool bChild = description.dwStyle & WS_CHILD;
-    auto* const pWidget =
-        new QWidget(pParent, bChild ? Qt::WindowFlags() : ToWindowFlags(description.dwStyle));
-    pWidget->setMouseTracking(true);
+    QWidget* pClient = nullptr;
+    QWidget* pWidget = nullptr;
+    if (HasEdge(description)) {
+        auto* const pFrame = new CEdgeWidget(description, pParent);
+        pWidget = pFrame;
+        pClient = &pFrame->GetInside();
+    } else {
+        pWidget = new QWidget(pParent, bChild ? Qt::WindowFlags() : ToWindowFlags(description.dwStyle));
+        pWidget->setMouseTracking(true);
+    }
     if (!bChild || (description.dwStyle & WS_TABSTOP)) {
         pWidget->setFocusPolicy(Qt::StrongFocus);
     }
-    return new CPeer(description, pWidget);
+    return new CPeer(description, pWidget, pClient);
 }
 
 bool CanMakeWindows() {
@@ -101,12 +138,14 @@ CPeer* MakePeer(const CWindowDescription& description) {
     QWidget& widget = pPeer->GetWidget();
     if (!CRect(description.rect).IsRectEmpty()) {
         const QRect place = ToQRect(description.rect, widget.devicePixelRatioF());
-        bChild ? widget.setGeometry(place) : widget.resize(place.size());
+        bChild ? PlaceNow(widget, place) : widget.resize(place.size());
         if (!bChild && (description.rect.left || description.rect.top)) {
             widget.move(place.topLeft());
         }
     }
-    widget.setEnabled(!(description.dwStyle & WS_DISABLED));
+    if (description.dwStyle & WS_DISABLED) {
+        bChild ? widget.setEnabled(false) : BlockWindow(widget, true);
+    }
     SetText(widget, ToQString(description.strText.View()));
     if (bChild) {
         widget.hide(); // else it would appear together with its parent

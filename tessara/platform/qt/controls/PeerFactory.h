@@ -27,4 +27,8 @@ Qt::WindowFlags ToWindowFlags(DWORD dwStyle);
 /// A rectangle of pixels in Qt's units.
 QRect ToQRect(const RECT& rect, double dRatio);
 
+/// Places a child, also its inner parts while it is hidden: programs ask for the client area before a window
+/// is shown.
+void PlaceNow(QWidget& child, const QRect& place);
+
 } // namespace tessara

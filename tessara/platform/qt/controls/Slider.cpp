@@ -1,4 +1,5 @@
 #include <QSlider>
+#include <algorithm>
 #include <utility>
 
 #include "tessara/platform/qt/controls/ControlPeer.h"
@@ -13,7 +14,8 @@ namespace {
 class CSliderWidget : public QSlider {
 public:
     CSliderWidget(DWORD dwStyle, QWidget* pParent)
-        : QSlider(dwStyle & TBS_VERT ? Qt::Vertical : Qt::Horizontal, pParent) {
+        : QSlider(dwStyle & TBS_VERT ? Qt::Vertical : Qt::Horizontal, pParent),
+          m_bAutoTicks((dwStyle & TBS_AUTOTICKS) != 0) {
         setRange(0, 100);
         setPageStep(20);
         setInvertedAppearance((dwStyle & TBS_VERT) != 0); // the smallest value is at the top
@@ -22,10 +24,22 @@ public:
                         : dwStyle & TBS_BOTH  ? TicksBothSides
                         : dwStyle & TBS_TOP   ? TicksAbove
                                               : TicksBelow);
+        SetTicks();
     }
+
+    void SetTickEvery(int nPositions) {
+        m_nTickEvery = std::max(1, nPositions);
+        SetTicks();
+    }
+    /// Without a style that asks for more there are ticks at the ends alone.
+    void SetTicks() { setTickInterval(m_bAutoTicks ? m_nTickEvery : std::max(1, maximum() - minimum())); }
 
     UINT m_nCode = SB_THUMBTRACK; ///< how the user is moving it
     bool m_bTelling = true;
+
+private:
+    bool m_bAutoTicks;
+    int m_nTickEvery = 1;
 };
 
 UINT ToScrollCode(int nAction) {
@@ -99,7 +113,10 @@ using tessara::CSliderWidget;
 using tessara::OnSlider;
 
 void CSliderCtrl::SetRange(int nMin, int nMax, BOOL) {
-    OnSlider(*this, [&](CSliderWidget& slider) { slider.setRange(nMin, nMax); });
+    OnSlider(*this, [&](CSliderWidget& slider) {
+        slider.setRange(nMin, nMax);
+        slider.SetTicks();
+    });
 }
 
 void CSliderCtrl::GetRange(int& nMin, int& nMax) const {
@@ -116,7 +133,7 @@ void CSliderCtrl::SetPos(int nPos) {
 }
 
 void CSliderCtrl::SetTicFreq(int nFrequency) {
-    OnSlider(*this, [&](CSliderWidget& slider) { slider.setTickInterval(nFrequency); });
+    OnSlider(*this, [&](CSliderWidget& slider) { slider.SetTickEvery(nFrequency); });
 }
 
 int CSliderCtrl::SetLineSize(int nSize) {

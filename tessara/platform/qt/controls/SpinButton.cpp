@@ -28,6 +28,20 @@ CSpinWidget::CSpinWidget(DWORD dwStyle, QWidget* pParent) : QWidget(pParent), m_
     }
 }
 
+namespace {
+
+/// A number, perhaps with a comma before each three digits: the same in every locale, as all numbers are.
+QString ToText(int nNumber, bool bCommas) {
+    QString strText = QString::number(nNumber);
+    const qsizetype nFirst = nNumber < 0 ? 1 : 0;
+    for (qsizetype i = strText.size() - 3; bCommas && i > nFirst; i -= 3) {
+        strText.insert(i, u',');
+    }
+    return strText;
+}
+
+} // namespace
+
 void CSpinWidget::SetRange(int nLower, int nUpper) {
     m_nLower = nLower;
     m_nUpper = nUpper;
@@ -40,7 +54,8 @@ int CSpinWidget::Hold(int nPosition) const {
 
 int CSpinWidget::GetPosition() const {
     bool bNumber = false;
-    const int nShown = m_pBuddy && (m_dwStyle & UDS_SETBUDDYINT) ? GetText(*m_pBuddy).toInt(&bNumber) : 0;
+    const QString strShown = m_pBuddy && (m_dwStyle & UDS_SETBUDDYINT) ? GetText(*m_pBuddy) : QString();
+    const int nShown = QString(strShown).remove(u',').toInt(&bNumber);
     return bNumber ? Hold(nShown) : m_nPosition;
 }
 
@@ -48,7 +63,7 @@ int CSpinWidget::SetPosition(int nPosition) {
     const int nPrevious = GetPosition();
     m_nPosition = Hold(nPosition);
     if (m_pBuddy && (m_dwStyle & UDS_SETBUDDYINT)) {
-        SetText(*m_pBuddy, QString::number(m_nPosition));
+        SetText(*m_pBuddy, ToText(m_nPosition, !(m_dwStyle & UDS_NOTHOUSANDS)));
     }
     return nPrevious;
 }

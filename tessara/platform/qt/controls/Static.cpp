@@ -1,6 +1,7 @@
 #include "tessara/platform/ui/controls/Static.h"
 
 #include "tessara/platform/qt/controls/ControlPeer.h"
+#include "tessara/platform/qt/controls/Edges.h"
 #include "tessara/platform/qt/controls/LabelWidget.h"
 #include "tessara/platform/qt/controls/PeerFactory.h"
 #include "tessara/platform/qt/drawing/Pictures.h"
@@ -59,17 +60,18 @@ void CLabelWidget::ShowText() {
     if (m_pLabelled) {
         m_pLabelled->setAccessibleName(m_bPrefix ? WithoutPrefix(m_strText) : m_strText);
     }
-    if (pixmap(Qt::ReturnByValue).isNull()) {
+    if (!m_bPicture) {
         setText(buddy() || !m_bPrefix ? m_strText : WithoutPrefix(m_strText));
     }
 }
 
 CPeer* MakeStaticPeer(const CWindowDescription& description, QWidget* pParent) {
     const DWORD dwStyle = description.dwStyle;
-    auto* const pLabel = new CLabelWidget(pParent, !(dwStyle & SS_NOPREFIX));
+    auto* const pLabel = new CLabelWidget(pParent, !(dwStyle & SS_NOPREFIX), IsPicture(dwStyle));
     pLabel->setAlignment(ToAlignment(dwStyle));
     pLabel->setWordWrap((dwStyle & SS_KIND) != SS_LEFTNOWORDWRAP);
     pLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
+    SetEdge(*pLabel, description);
     if (dwStyle & SS_SUNKEN) {
         pLabel->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
         pLabel->lower(); // may lie around other controls

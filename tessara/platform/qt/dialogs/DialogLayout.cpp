@@ -4,11 +4,11 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QResizeEvent>
 #include <algorithm>
 #include <cmath>
 
 #include "tessara/platform/qt/controls/LabelWidget.h"
+#include "tessara/platform/qt/controls/PeerFactory.h"
 #include "tessara/platform/qt/controls/SpinWidget.h"
 #include "tessara/platform/qt/dialogs/DialogWidget.h"
 
@@ -73,18 +73,6 @@ int CaptionNeed(const QWidget& dialog, const CDialogTemplate& resource) {
     return metrics.horizontalAdvance(dialog.windowTitle()) + BUTTONS * metrics.height();
 }
 
-/// Places a control, also its inner parts while it is hidden: programs ask for the client area before the
-/// dialog is shown.
-void SetGeometry(QWidget& widget, const QRect& place) {
-    const QSize before = widget.size();
-    widget.setGeometry(place);
-    if (widget.testAttribute(Qt::WA_PendingResizeEvent)) {
-        QResizeEvent resize(place.size(), before);
-        QApplication::sendEvent(&widget, &resize);
-        widget.setAttribute(Qt::WA_PendingResizeEvent, false);
-    }
-}
-
 double Growth(double dNeed, double dRoom) {
     return dRoom > 0 ? std::min(dNeed / dRoom, MAX_GROWTH) : 1;
 }
@@ -142,7 +130,7 @@ void CDialogLayout::Place() {
     for (CPlacedControl& control : m_controls) {
         QWidget* const pWidget = control.pWidget;
         if (pWidget && (control.placed.isNull() || pWidget->geometry() == control.placed)) {
-            SetGeometry(*pWidget, ToPlace(control.units));
+            PlaceNow(*pWidget, ToPlace(control.units));
             control.placed = pWidget->geometry();
         }
     }

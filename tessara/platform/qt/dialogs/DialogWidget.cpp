@@ -39,7 +39,9 @@ void CDialogWidget::SendCommand(UINT nID) {
 }
 
 CPeer* MakeDialogPeer(const CWindowDescription& description, QWidget* pParent) {
-    Qt::WindowFlags flags = (ToWindowFlags(description.dwStyle) & ~Qt::WindowType_Mask) | Qt::Dialog;
+    const DWORD dwFrame = description.dwStyle & DS_MODALFRAME ? DWORD{WS_DLGFRAME} : 0;
+    Qt::WindowFlags flags =
+        (ToWindowFlags(description.dwStyle | dwFrame) & ~Qt::WindowType_Mask) | Qt::Dialog;
     if (!(description.dwStyle & WS_THICKFRAME)) {
         flags |= Qt::MSWindowsFixedSizeDialogHint;
     }

@@ -34,7 +34,10 @@ void SetText(QWidget& widget, const QString& strText) {
     } else if (auto* pLabel = dynamic_cast<CLabelWidget*>(&widget)) {
         pLabel->SetWindowText(strText);
     } else if (auto* pLine = qobject_cast<QLineEdit*>(&widget)) {
+        const QValidator* const pValidator = pLine->validator(); // of what the user types
+        pLine->setValidator(nullptr);
         pLine->setText(strText);
+        pLine->setValidator(pValidator);
     } else if (auto* pText = qobject_cast<QPlainTextEdit*>(&widget)) {
         const QSignalBlocker blocker(pText); // only the user's changes are told
         pText->setPlainText(strText);

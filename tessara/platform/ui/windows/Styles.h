@@ -4,15 +4,16 @@
 
 #include "tessara/platform/base/Types.h"
 
-/// Styles of every window.
+/// Styles of every window. WS_BORDER is a line round a child: an edit, a list, a table, a static or a plain
+/// window has none without it; the other controls look as the desktop wants them.
 enum WindowStyle : DWORD {
     WS_OVERLAPPED = 0x00000000,
     WS_POPUP = 0x80000000,
     WS_CHILD = 0x40000000,
-    WS_MINIMIZE = 0x20000000,
+    WS_MINIMIZE = 0x20000000, ///< shown minimised when it is made visible
     WS_VISIBLE = 0x10000000,
     WS_DISABLED = 0x08000000,
-    WS_MAXIMIZE = 0x01000000,
+    WS_MAXIMIZE = 0x01000000, ///< shown maximised when it is made visible
     WS_CAPTION = 0x00C00000,
     WS_BORDER = 0x00800000,
     WS_DLGFRAME = 0x00400000,
@@ -27,9 +28,14 @@ enum WindowStyle : DWORD {
     WS_OVERLAPPEDWINDOW = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX
 };
 
+/// A sunken edge round a child, where WS_BORDER would have a line. The client area lies inside.
 enum ExtendedWindowStyle : DWORD { WS_EX_CLIENTEDGE = 0x00000200 };
 
-enum DialogStyle : DWORD { DS_MODALFRAME = 0x80, DS_SETFONT = 0x40, DS_CENTER = 0x0800 };
+/// A dialog has the desktop's font: a template cannot choose one.
+enum DialogStyle : DWORD {
+    DS_MODALFRAME = 0x80, ///< a frame, also without a caption
+    DS_CENTER = 0x0800
+};
 
 enum StaticStyle : DWORD {
     SS_LEFT = 0x0,
@@ -47,8 +53,8 @@ enum EditStyle : DWORD {
     ES_CENTER = 0x1,
     ES_RIGHT = 0x2,
     ES_MULTILINE = 0x4,
-    ES_AUTOVSCROLL = 0x40,
-    ES_AUTOHSCROLL = 0x80,
+    ES_AUTOVSCROLL = 0x40, ///< as every edit of several lines does
+    ES_AUTOHSCROLL = 0x80, ///< as every edit of one line does; several lines do not wrap with it
     ES_READONLY = 0x800,
     ES_WANTRETURN = 0x1000,
     ES_NUMBER = 0x2000
@@ -72,8 +78,8 @@ enum ListBoxStyle : DWORD {
     LBS_SORT = 0x0002,
     LBS_OWNERDRAWFIXED = 0x0010,
     LBS_HASSTRINGS = 0x0040,
-    LBS_NOINTEGRALHEIGHT = 0x0100,
-    LBS_EXTENDEDSEL = 0x0800,
+    LBS_NOINTEGRALHEIGHT = 0x0100, ///< keeps the height that it is given, as every list does
+    LBS_EXTENDEDSEL = 0x0800,      ///< several lines, with Shift and Ctrl
     LBS_DISABLENOSCROLL = 0x1000,
     LBS_NOSEL = 0x4000
 };
@@ -81,19 +87,19 @@ enum ListBoxStyle : DWORD {
 enum ListViewStyle : DWORD {
     LVS_REPORT = 0x0001,
     LVS_SINGLESEL = 0x0004,
-    LVS_SHOWSELALWAYS = 0x0008,
+    LVS_SHOWSELALWAYS = 0x0008, ///< shows what is selected also without the keyboard
     LVS_OWNERDATA = 0x1000,
     LVS_NOCOLUMNHEADER = 0x4000,
     LVS_NOSORTHEADER = 0x8000
 };
 enum ListViewExtendedStyle : DWORD {
     LVS_EX_GRIDLINES = 0x1,
-    LVS_EX_CHECKBOXES = 0x4,
-    LVS_EX_FULLROWSELECT = 0x20
+    LVS_EX_CHECKBOXES = 0x4,    ///< a box before each row of a table that holds its rows
+    LVS_EX_FULLROWSELECT = 0x20 ///< rows are chosen as a whole, not by their first cell
 };
 
 enum SliderStyle : DWORD {
-    TBS_AUTOTICKS = 0x1,
+    TBS_AUTOTICKS = 0x1, ///< a tick for each step of SetTicFreq, not only at the ends
     TBS_VERT = 0x2,
     TBS_HORZ = 0x0,
     TBS_TOP = 0x4,
@@ -101,7 +107,10 @@ enum SliderStyle : DWORD {
     TBS_NOTICKS = 0x10
 };
 
-enum ProgressStyle : DWORD { PBS_SMOOTH = 0x1, PBS_VERTICAL = 0x4 };
+enum ProgressStyle : DWORD {
+    PBS_SMOOTH = 0x1, ///< without gaps, as every bar is
+    PBS_VERTICAL = 0x4
+};
 
 enum SpinStyle : DWORD {
     UDS_WRAP = 0x1,
@@ -109,10 +118,14 @@ enum SpinStyle : DWORD {
     UDS_ALIGNRIGHT = 0x4,
     UDS_AUTOBUDDY = 0x10,
     UDS_ARROWKEYS = 0x20,
-    UDS_NOTHOUSANDS = 0x80
+    UDS_NOTHOUSANDS = 0x80 ///< the buddy's text has no comma before each three digits
 };
 
-enum AnimateStyle : DWORD { ACS_CENTER = 0x1, ACS_TRANSPARENT = 0x2, ACS_AUTOPLAY = 0x4 };
+enum AnimateStyle : DWORD {
+    ACS_CENTER = 0x1,      ///< in the middle of the control, not in its corner
+    ACS_TRANSPARENT = 0x2, ///< shows what its parent has painted under it
+    ACS_AUTOPLAY = 0x4     ///< runs once it is opened
+};
 
 namespace tessara {
 
