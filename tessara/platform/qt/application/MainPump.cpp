@@ -62,6 +62,8 @@ private:
     void OnWake();
     void DispatchSome();
     void OnIdle();
+    /// Whether the innermost loop's condition holds.
+    bool HasEnded() const { return !m_loops.empty() && m_loops.back()->fnCondition(); }
     bool IsWaiting() const { return !m_loops.empty() && m_loops.back()->eLoop == EMainLoop::waiting; }
 
     QSocketNotifier m_notifier;
@@ -86,7 +88,7 @@ void CMainPump::OnWake() {
     if (!IsWaiting()) {
         DispatchSome();
     }
-    if (!m_loops.empty() && m_loops.back()->fnCondition()) {
+    if (HasEnded()) {
         m_loops.back()->loop.exit();
     }
 }
@@ -96,6 +98,9 @@ void CMainPump::DispatchSome() {
     constexpr int MAX_MESSAGES = 64;
     CMailbox& mailbox = *CMailbox::OfMainThread();
     for (int i = 0; i < MAX_MESSAGES; ++i) {
+        if (HasEnded()) {
+            return; // what follows is for the loop around this one
+        }
         const auto message = mailbox.Take();
         if (!message) {
             return;
@@ -177,6 +182,10 @@ void WakeMainThread() {
     if (nWake >= 0) {
         [[maybe_unused]] const auto nWritten = write(nWake, &nOne, sizeof nOne);
     }
+}
+
+bool HasMainLoop() {
+    return g_nWake >= 0;
 }
 
 bool RunMainLoop(EMainLoop eLoop, const std::function<bool()>& fnCondition, const CDeadline& deadline) {

@@ -1,6 +1,7 @@
 #include "tessara/platform/qt/controls/PeerFactory.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QResizeEvent>
 #include <cmath>
 
@@ -126,10 +127,13 @@ bool CanMakeWindows() {
     });
 }
 
-CPeer* MakePeer(const CWindowDescription& description) {
+bool MakePeer(const CWindowDescription& description) {
     EnsureMainPump();
     CPeer* const pParent = CPeer::Find(description.hParent);
     const bool bChild = description.dwStyle & WS_CHILD;
+    if (bChild && !pParent) {
+        return false;
+    }
     QWidget* pParentWidget = nullptr;
     if (pParent) {
         pParentWidget = bChild ? &pParent->GetClient() : pParent->GetWidget().window();
@@ -150,14 +154,23 @@ CPeer* MakePeer(const CWindowDescription& description) {
     if (bChild) {
         widget.hide(); // else it would appear together with its parent
     }
-    return pPeer;
+    if (!AttachPeer(description.hWnd, pPeer)) {
+        delete &widget;
+        return false;
+    }
+    return true;
 }
 
-void DestroyPeer(CPeer* pPeer) {
-    QWidget* const pWidget = &pPeer->GetWidget();
+void DestroyPeer(HWND hWnd) {
+    CPeer* const pPeer = CPeer::Find(hWnd);
+    if (!pPeer) {
+        return;
+    }
+    ChangeWindow(hWnd, [](CWindowRecord& record) { record.pPeer = nullptr; });
+    const QPointer<QWidget> pWidget = &pPeer->GetWidget();
     pWidget->removeEventFilter(pPeer);
-    pWidget->hide();
-    if (CPeer::CEventScope::IsInside()) {
+    pWidget->hide(); // what gets the focus instead may take this one's parent away
+    if (CPeer::CEventScope::IsInside() && pWidget) {
         pWidget->deleteLater();
     } else {
         delete pWidget;

@@ -9,6 +9,7 @@
 #include "tessara/platform/qt/controls/RadioGroup.h"
 #include "tessara/platform/qt/dialogs/DialogWidget.h"
 #include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/qt/windows/WindowBlock.h"
 #include "tessara/platform/ui/dialogs/DialogSeam.h"
 
 namespace tessara {
@@ -124,6 +125,35 @@ void FocusFirstControl(HWND hDialog) {
                 pWidget->setFocus(Qt::TabFocusReason);
                 return;
             }
+        }
+    });
+}
+
+bool BlockOwner(HWND hOwner) {
+    return OnMainThread([&] {
+        const CPeer::CEventScope scope;
+        const CPeer* const pPeer = CPeer::Find(hOwner);
+        const bool bBlock = pPeer && IsReachable(pPeer->GetWidget());
+        if (bBlock) {
+            BlockWindow(pPeer->GetWidget(), true);
+        }
+        return bBlock;
+    });
+}
+
+void UnblockOwner(HWND hOwner) {
+    if (!FindWindow(hOwner)) {
+        return;
+    }
+    OnMainThread([&] {
+        const CPeer::CEventScope scope;
+        if (const CPeer* const pPeer = CPeer::Find(hOwner)) {
+            BlockWindow(pPeer->GetWidget(), false);
+        }
+        const CPeer* const pPeer = CPeer::Find(hOwner); // unless a handler of WM_ENABLE has destroyed it
+        if (pPeer && pPeer->GetWidget().isVisible()) {
+            pPeer->GetWidget().raise();
+            pPeer->GetWidget().activateWindow();
         }
     });
 }

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <cmath>
 #include <utility>
 
@@ -20,20 +21,20 @@ QHash<const QWidget*, CPeer*>& Peers() {
     return *s_pPeers;
 }
 
-CPeer* g_pUnderPointer = nullptr;
+QPointer<CPeer> g_pUnderPointer;
 std::optional<Qt::KeyboardModifiers> g_keyModifiers; ///< of the key event that is being handled
 
 /// Makes a peer the one under the pointer while an event of the mouse is handled, and then the one before it
 /// again.
 class CPointerScope {
 public:
-    CPointerScope(CPeer& peer) : m_pPrevious(std::exchange(g_pUnderPointer, &peer)) {}
+    CPointerScope(CPeer& peer) : m_pPrevious(std::exchange(g_pUnderPointer, QPointer(&peer))) {}
     ~CPointerScope() { g_pUnderPointer = m_pPrevious; }
     CPointerScope(const CPointerScope&) = delete;
     CPointerScope& operator=(const CPointerScope&) = delete;
 
 private:
-    CPeer* m_pPrevious;
+    QPointer<CPeer> m_pPrevious; ///< which a handler may destroy
 };
 
 UINT HeldKeys(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers) {
@@ -102,9 +103,10 @@ CPeer::CPeer(const CWindowDescription& description, QWidget* pWidget, QWidget* p
 
 CPeer::~CPeer() {
     Peers().remove(m_pWidget);
-    if (g_pUnderPointer == this) {
-        g_pUnderPointer = nullptr;
-    }
+    // The widget may go with its parent's while the window's own end has not come that far.
+    ChangeWindow(m_hWnd, [this](CWindowRecord& record) {
+        record.pPeer = record.pPeer == this ? nullptr : record.pPeer;
+    });
 }
 
 CPeer* CPeer::Find(HWND hWnd) {

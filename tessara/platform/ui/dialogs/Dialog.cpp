@@ -1,13 +1,13 @@
 #include "tessara/platform/ui/dialogs/Dialog.h"
 
-#include <utility>
-
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/ui/controls/Button.h"
 #include "tessara/platform/ui/controls/Controls.h"
 #include "tessara/platform/ui/dialogs/DialogSeam.h"
+#include "tessara/platform/ui/threads/Dispatch.h"
 #include "tessara/platform/ui/threads/Loop.h"
 #include "tessara/platform/ui/threads/WinThread.h"
+#include "tessara/platform/ui/windows/WindowEnd.h"
 #include "tessara/platform/ui/windows/WindowTable.h"
 
 IMPLEMENT_DYNAMIC(CDialog, CWnd)
@@ -17,31 +17,28 @@ namespace {
 /// Keeps a window from input while it lives, and makes it the active one again.
 class COwnerScope {
 public:
-    explicit COwnerScope(const CWnd* pOwner) {
-        CWnd* const pWnd = CWnd::FromHandle(pOwner ? pOwner->GetSafeHwnd() : nullptr);
-        if (pWnd && !pWnd->EnableWindow(FALSE)) {
-            m_hOwner = pWnd->GetSafeHwnd();
-        }
-    }
-    ~COwnerScope() {
-        if (CWnd* const pWnd = CWnd::FromHandle(m_hOwner)) {
-            pWnd->EnableWindow(TRUE);
-            if (pWnd->IsWindowVisible()) {
-                pWnd->SetForegroundWindow();
-            }
-        }
-    }
+    explicit COwnerScope(HWND hOwner) : m_hOwner(tessara::BlockOwner(hOwner) ? hOwner : nullptr) {}
+    ~COwnerScope() { tessara::UnblockOwner(m_hOwner); }
     COwnerScope(const COwnerScope&) = delete;
     COwnerScope& operator=(const COwnerScope&) = delete;
 
 private:
-    HWND m_hOwner = nullptr; ///< null when somebody else had disabled it
+    HWND m_hOwner; ///< null when somebody else had disabled it
 };
 
-/// Makes the thread's loop look at its condition again.
-void WakeLoop() {
-    tessara::CMailbox::OfThisThread()->Post({nullptr, WM_NULL, 0, 0});
-}
+/// Ends a window whichever way the scope is left.
+class CWindowScope {
+public:
+    explicit CWindowScope(CWnd& wnd) : m_wnd(wnd) {}
+    ~CWindowScope() {
+        tessara::RunGuarded([this] { m_wnd.DestroyWindow(); });
+    }
+    CWindowScope(const CWindowScope&) = delete;
+    CWindowScope& operator=(const CWindowScope&) = delete;
+
+private:
+    CWnd& m_wnd;
+};
 
 void AddItem(CWnd& dialog, const tessara::CDialogItem& item) {
     std::unique_ptr<CWnd> pControl = tessara::MakeControlObject(item.pszClass);
@@ -62,16 +59,22 @@ BOOL CDialog::Create(UINT nIDTemplate, CWnd* pParent) {
     }
     m_nIDTemplate = nIDTemplate;
     m_pParentWnd = pParent;
-    m_bModal = false;
+    m_pLoop.reset();
     const CWnd* const pOwner = pParent ? pParent : AfxGetMainWnd();
-    if (!Build(*pTemplate, pOwner ? pOwner->GetTopLevelParent() : nullptr)) {
+    if (!Build(*pTemplate, tessara::TopLevelOf(pOwner ? pOwner->GetSafeHwnd() : nullptr))) {
         return FALSE;
     }
-    Initialise();
-    if (pTemplate->dwStyle & WS_VISIBLE) {
+    const HWND hWnd = m_hWnd;
+    try {
+        Initialise();
+    } catch (...) {
+        tessara::DiscardWindow(hWnd);
+        throw;
+    }
+    if (tessara::FindWindow(hWnd) && (pTemplate->dwStyle & WS_VISIBLE)) {
         ShowWindow(SW_SHOW);
     }
-    return tessara::FindWindow(m_hWnd).has_value();
+    return tessara::FindWindow(hWnd).has_value();
 }
 
 int CDialog::DoModal() {
@@ -79,17 +82,13 @@ int CDialog::DoModal() {
     if (!pTemplate) {
         AfxThrowResourceException();
     }
-    m_bModal = true;
+    m_pLoop = tessara::CMailbox::OfThisThread();
     m_bEnded = false;
     m_nResult = IDCANCEL;
-    struct CWindowScope {
-        ~CWindowScope() { wnd.DestroyWindow(); }
-        CDialog& wnd;
-    };
-    CWnd* const pOwner = FindOwner();
-    const CWindowScope window{*this}; // goes last: the owner takes input again before the dialog disappears
-    const COwnerScope owner(pOwner);
-    if (!Build(*pTemplate, pOwner)) {
+    const HWND hOwner = FindOwner();
+    const CWindowScope window(*this); // goes last: the owner takes input again before the dialog disappears
+    const COwnerScope owner(hOwner);
+    if (!Build(*pTemplate, hOwner)) {
         return -1;
     }
     Initialise();
@@ -97,19 +96,20 @@ int CDialog::DoModal() {
         ShowWindow(SW_SHOW);
     }
     const auto fnEnd = [this] { return m_bEnded || !tessara::FindWindow(m_hWnd); };
-    return tessara::RunLoopUntil(fnEnd) ? m_nResult : -1;
+    return tessara::RunLoopUntil(fnEnd) ? m_nResult.load() : -1;
 }
 
-CWnd* CDialog::FindOwner() const {
-    CWnd* const pActive = CWnd::FromHandle(tessara::FindActiveWindow());
-    CWnd* const pOwner = m_pParentWnd ? m_pParentWnd : pActive ? pActive : AfxGetMainWnd();
-    return pOwner ? pOwner->GetTopLevelParent() : nullptr;
+HWND CDialog::FindOwner() const {
+    const HWND hActive = tessara::FindActiveWindow();
+    const CWnd* const pMain = AfxGetMainWnd();
+    const HWND hMain = pMain ? pMain->GetSafeHwnd() : nullptr;
+    return tessara::TopLevelOf(m_pParentWnd ? m_pParentWnd->GetSafeHwnd() : hActive ? hActive : hMain);
 }
 
-BOOL CDialog::Build(const tessara::CDialogTemplate& resource, CWnd* pOwner) {
+BOOL CDialog::Build(const tessara::CDialogTemplate& resource, HWND hOwner) {
     const DWORD dwStyle = resource.dwStyle & ~static_cast<DWORD>(WS_VISIBLE);
-    if (!CreateEx(resource.dwExStyle, tessara::CLASS_DIALOG, resource.pszTitle, dwStyle, CRect(), pOwner,
-                  resource.nID)) {
+    if (!CreateUnder(hOwner, resource.dwExStyle, tessara::CLASS_DIALOG, resource.pszTitle, dwStyle, CRect(),
+                     resource.nID)) {
         return FALSE;
     }
     for (const tessara::CDialogItem& item : resource.items) {
@@ -131,8 +131,8 @@ void CDialog::Initialise() {
 void CDialog::EndDialog(int nResult) {
     m_nResult = nResult;
     m_bEnded = true;
-    if (m_bModal) {
-        WakeLoop();
+    if (m_pLoop) {
+        m_pLoop->Nudge();
     } else {
         ShowWindow(SW_HIDE);
     }
@@ -191,15 +191,9 @@ void CDialog::OnClose() {
     }
 }
 
-void CDialog::OnNcDestroy() {
-    WakeLoop(); // DoModal ends
-    CWnd::OnNcDestroy();
-}
-
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
 ON_MESSAGE(WM_INITDIALOG, HandleInitDialog)
 ON_COMMAND(IDOK, OnOK)
 ON_COMMAND(IDCANCEL, OnCancel)
 ON_WM_CLOSE()
-ON_WM_NCDESTROY()
 END_MESSAGE_MAP()

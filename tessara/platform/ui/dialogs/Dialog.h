@@ -1,11 +1,15 @@
 #pragma once
 
+#include <atomic>
+#include <memory>
+
 #include "tessara/platform/ui/dialogs/DataExchange.h"
 #include "tessara/platform/ui/windows/Wnd.h"
 
 namespace tessara {
+class CMailbox;
 struct CDialogTemplate;
-}
+} // namespace tessara
 
 constexpr UINT DC_HASDEFID = 0x534B; ///< the high word of GetDefID when there is a default button
 
@@ -27,14 +31,15 @@ public:
 
     using CWnd::Create;
     /// Makes the dialog without waiting for it; it is shown when its template has WS_VISIBLE. Returns zero,
-    /// and there is no window, when no template has that number.
+    /// and there is no window, when no template has that number or a handler has destroyed it.
     BOOL Create(UINT nIDTemplate, CWnd* pParent = nullptr);
     /// Shows the dialog, keeps its owner from input and runs the thread's loop until EndDialog, whose result
     /// it returns; -1 when the thread quits, IDCANCEL when the window is destroyed. The owner is that of the
     /// constructor, or the thread's active or main window. Throws CResourceException when there is no
     /// template, and what OnInitDialog throws.
     virtual int DoModal();
-    /// Ends DoModal; hides a dialog that is not modal.
+    /// Ends DoModal, from any thread; the last result before it returns counts. Hides a dialog that is not
+    /// modal.
     void EndDialog(int nResult);
 
     /// Nonzero when the keyboard shall go to the first control; zero when the dialog has chosen.
@@ -56,7 +61,6 @@ protected:
     virtual void DoDataExchange(CDataExchange*) {}
 
     void OnClose();
-    void OnNcDestroy();
     LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 
@@ -64,11 +68,11 @@ protected:
     CWnd* m_pParentWnd = nullptr;
 
 private:
-    BOOL Build(const tessara::CDialogTemplate& resource, CWnd* pOwner);
+    BOOL Build(const tessara::CDialogTemplate& resource, HWND hOwner);
     void Initialise();
-    CWnd* FindOwner() const;
+    HWND FindOwner() const;
 
-    bool m_bModal = false;
-    bool m_bEnded = false;
-    int m_nResult = 0;
+    std::shared_ptr<tessara::CMailbox> m_pLoop; ///< of the thread that runs DoModal; null when not modal
+    std::atomic<bool> m_bEnded = false;
+    std::atomic<int> m_nResult = 0;
 };

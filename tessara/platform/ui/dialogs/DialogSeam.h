@@ -15,6 +15,10 @@ constexpr const char* CLASS_DIALOG = "Dialog";
 void LayOutDialog(HWND hDialog, const CDialogTemplate& resource);
 /// Gives the keyboard to the first control that takes it.
 void FocusFirstControl(HWND hDialog);
+/// Keeps a window from input; false when there is none or it takes none already.
+bool BlockOwner(HWND hOwner);
+/// Lets it take input again and makes it active.
+void UnblockOwner(HWND hOwner);
 /// The window of the calling thread that is active, or null.
 HWND FindActiveWindow();
 

@@ -195,8 +195,9 @@ BOOL CDocument::OnSaveDocument(const char* lpszPathName) {
 void CDocument::OnCloseDocument() {
     const BOOL bAutoDelete = m_bAutoDelete;
     m_bAutoDelete = FALSE; // the end of the views does not come back here
-    while (CFrameWnd* const pFrame = GetFirstFrame()) {
-        pFrame->DestroyWindow();
+    CFrameWnd* pFrame = GetFirstFrame();
+    while (pFrame && pFrame->DestroyWindow()) { // not again one whose end this is part of
+        pFrame = GetFirstFrame();
     }
     m_bAutoDelete = bAutoDelete;
     DeleteContents();

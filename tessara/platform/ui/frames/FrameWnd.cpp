@@ -114,12 +114,13 @@ CView* CFrameWnd::CreateView(CCreateContext* pContext, UINT nID) {
         delete pObject;
         AfxThrowResourceException();
     }
-    auto* const pView = static_cast<CView*>(pObject); // deletes itself, also when it cannot be made
+    std::unique_ptr<CView> pView(static_cast<CView*>(pObject));
     CRect client;
     GetClientRect(&client);
     const BOOL bMade =
         pView->CreateEx(0, tessara::VIEW_CLASS, "", WS_CHILD | WS_VISIBLE, client, this, nID, pContext);
-    return bMade ? pView : nullptr;
+    CView* const pMade = pView.release(); // it deletes itself with its window, which may have failed
+    return bMade ? pMade : nullptr;
 }
 
 CDocument* CFrameWnd::GetActiveDocument() {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <charconv>
 #include <filesystem>
 #include <utility>
@@ -16,15 +17,16 @@
 #include "tessara/platform/ui/frames/FrameSeam.h"
 #include "tessara/platform/ui/frames/RecentFiles.h"
 #include "tessara/platform/ui/resources/StandardStrings.h"
-#include "tessara/platform/ui/threads/Dispatch.h"
 #include "tessara/platform/ui/threads/Loop.h"
+#include "tessara/platform/ui/threads/Mailbox.h"
+#include "tessara/platform/ui/windows/WindowEnd.h"
 #include "tessara/platform/ui/windows/Wnd.h"
 
 IMPLEMENT_DYNAMIC(CWinApp, CWinThread)
 
 namespace {
 
-CWinApp* g_pApp = nullptr;
+std::atomic<CWinApp*> g_pApp = nullptr; ///< threads may ask while the program ends
 
 CString ExecutableName() {
     std::array<char, 4096> path{};
@@ -38,8 +40,8 @@ CString ExecutableName() {
 namespace tessara {
 
 void RunIdle() {
-    if (g_pApp) {
-        g_pApp->OnIdle(0);
+    if (CWinApp* const pApp = g_pApp) {
+        pApp->OnIdle(0);
     } else {
         UpdateFrames();
     }
@@ -57,14 +59,13 @@ CWinApp::CWinApp(const char* lpszAppName)
     m_nThreadID = GetCurrentThreadId();
     m_bAutoDelete = FALSE;
     g_pApp = this;
-    tessara::EnterMainThread(this);
+    tessara::EnterMainThread(*this);
 }
 
 CWinApp::~CWinApp() {
-    if (g_pApp == this) {
-        g_pApp = nullptr;
-        tessara::EnterMainThread(nullptr);
-    }
+    tessara::LeaveMainThread(*this);
+    CWinApp* pThis = this;
+    g_pApp.compare_exchange_strong(pThis, nullptr);
 }
 
 BOOL CWinApp::InitInstance() {
@@ -255,19 +256,47 @@ ON_COMMAND(ID_APP_EXIT, OnAppExit)
 ON_COMMAND_RANGE(ID_FILE_MRU_FILE1, ID_FILE_MRU_LAST, OnOpenRecentFile)
 END_MESSAGE_MAP()
 
+namespace {
+
+/// Runs a part of the program; shows what reaches it and then returns false.
+template <class FUNCTION>
+bool RunShown(FUNCTION fnRun) {
+    try {
+        fnRun();
+        return true;
+    } catch (const std::exception& exception) {
+        AfxMessageBox(exception.what(), MB_OK | MB_ICONSTOP);
+        return false;
+    }
+}
+
+/// The time in which other threads' calls are served whatever the main thread does.
+class CMainLoopScope {
+public:
+    CMainLoopScope() { tessara::CMailbox::OfMainThread()->SetLoopEnded(false); }
+    ~CMainLoopScope() { tessara::CMailbox::OfMainThread()->SetLoopEnded(true); }
+    CMainLoopScope(const CMainLoopScope&) = delete;
+    CMainLoopScope& operator=(const CMainLoopScope&) = delete;
+};
+
+} // namespace
+
 int AfxRunApplication(int argc, char** argv) {
     CWinApp* const pApp = AfxGetApp();
     if (!pApp) {
         return 1;
     }
-    try {
-        pApp->TakeArguments(tessara::StartWindowSystem(argc, argv));
+    const CMainLoopScope scope;
+    if (!RunShown([&] { pApp->TakeArguments(tessara::StartWindowSystem(argc, argv)); })) {
+        return 1;
+    }
+    int nCode = 1;
+    const bool bRun = RunShown([&] {
         if (pApp->InitApplication() && pApp->InitInstance()) {
             pApp->Run();
         }
-        return pApp->ExitInstance();
-    } catch (const std::exception& exception) {
-        AfxMessageBox(exception.what(), MB_OK | MB_ICONSTOP);
-        return 1;
-    }
+    });
+    tessara::TakeExitCode(); // dialogs of ExitInstance are no longer quit
+    const bool bLeft = RunShown([&] { nCode = pApp->ExitInstance(); });
+    return bRun && bLeft ? nCode : 1;
 }

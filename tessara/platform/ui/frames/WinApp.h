@@ -38,8 +38,9 @@ class TESSARA_API CWinApp : public CWinThread {
     DECLARE_DYNAMIC(CWinApp)
 
 public:
-    /// Makes this object the program's; the thread that does so is the main thread. A null name is the string
-    /// resource AFX_IDS_APP_TITLE or else the executable's name, once AfxRunApplication runs.
+    /// Makes this object the program's; the thread that does so is the main thread, unless there are windows
+    /// or waits of another already. A null name is the string resource AFX_IDS_APP_TITLE or else the
+    /// executable's name, once AfxRunApplication runs.
     explicit CWinApp(const char* lpszAppName = nullptr);
     ~CWinApp() override;
 
@@ -127,6 +128,8 @@ TESSARA_API CWinApp* AfxGetApp();
 
 /// Runs the program whose CWinApp exists: takes the options of the window system out of the command line,
 /// calls InitApplication and InitInstance and, unless they return zero, Run, then ExitInstance, and returns
-/// its code. An exception that reaches it is shown, and the code is 1; so too, before InitApplication, where
-/// there can be no windows (see CGraphicsException), which AfxMessageBox then says on standard error.
+/// its code. An exception that reaches it is shown, and the code is 1, with ExitInstance in between where
+/// InitApplication was called; so too, before that, where there can be no windows (see CGraphicsException),
+/// which AfxMessageBox then says on standard error. Afterwards other threads' calls to this one are dropped
+/// while it does not wait itself.
 TESSARA_API int AfxRunApplication(int argc, char** argv);

@@ -1,20 +1,8 @@
 #include "tessara/platform/ui/threads/Dispatch.h"
 
 #include "tessara/platform/ui/threads/WinThread.h"
-#include "tessara/platform/ui/windows/PeerSeam.h"
 #include "tessara/platform/ui/windows/WindowTable.h"
-
-/// Opens CWnd's protected operations to the dispatcher.
-struct CWndAccess {
-    static LRESULT WindowProc(CWnd& wnd, const MSG& message) {
-        return wnd.WindowProc(message.message, message.wParam, message.lParam);
-    }
-    static BOOL PreTranslate(CWnd& wnd, MSG& message) { return wnd.PreTranslateMessage(&message); }
-    static void Forget(CWnd& wnd) {
-        wnd.m_hWnd = nullptr;
-        wnd.PostNcDestroy();
-    }
-};
+#include "tessara/platform/ui/windows/WndAccess.h"
 
 namespace tessara {
 
@@ -54,32 +42,6 @@ CReply CallGuarded(const MSG& message) {
 }
 
 } // namespace
-
-void DestroyTree(HWND hWnd) {
-    CallWindow(hWnd, WM_DESTROY);
-    for (const HWND hChild : ChildrenOf(hWnd)) {
-        if (const auto child = FindWindow(hChild)) {
-            child->pOwner->Call([hChild] { DestroyTree(hChild); }); // an owned window may be another thread's
-        }
-    }
-    const auto record = FindWindow(hWnd);
-    if (!record) {
-        return;
-    }
-    if (record->pPeer) {
-        OnMainThread([&] { DestroyPeer(record->pPeer); });
-    }
-    CallWindow(hWnd, WM_NCDESTROY);
-    CWinThread* const pThread = AfxGetThread();
-    if (pThread && pThread->m_pMainWnd && pThread->m_pMainWnd == record->pWnd) {
-        pThread->m_pMainWnd = nullptr;
-        PostQuitMessage(0);
-    }
-    if (record->pWnd) {
-        CWndAccess::Forget(*record->pWnd);
-    }
-    RemoveWindow(hWnd);
-}
 
 CReply CallWindow(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) {
     const auto record = FindWindow(hWnd);
@@ -148,12 +110,6 @@ const MSG* GetCurrentMessage() {
 void MarkDefaulted() {
     if (t_pCurrent) {
         t_pCurrent->bDefaulted = true;
-    }
-}
-
-void DestroyWindowsOfThread() {
-    for (const HWND hWnd : WindowsOf(*CMailbox::OfThisThread())) {
-        DestroyTree(hWnd);
     }
 }
 

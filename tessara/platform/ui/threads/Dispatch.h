@@ -43,10 +43,4 @@ const MSG* GetCurrentMessage();
 /// Notes that nobody took that message: its default runs.
 void MarkDefaulted();
 
-/// Destroys a window: it hears of it before its children, and a last word when all have gone. From its
-/// thread.
-void DestroyTree(HWND hWnd);
-/// Destroys the windows that the calling thread still owns.
-void DestroyWindowsOfThread();
-
 } // namespace tessara

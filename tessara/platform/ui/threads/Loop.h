@@ -16,7 +16,10 @@ int TakeExitCode();
 /// What the program does before its main thread waits for something to happen.
 void RunIdle();
 
-/// Makes the application's object that of the main thread.
-void EnterMainThread(CWinThread* pThread);
+/// Makes the application's object that of the calling thread, and this the main thread, unless there is a
+/// loop already.
+void EnterMainThread(CWinThread& thread);
+/// The application's object goes.
+void LeaveMainThread(const CWinThread& thread);
 
 } // namespace tessara

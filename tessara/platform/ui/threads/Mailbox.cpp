@@ -1,17 +1,18 @@
 #include "tessara/platform/ui/threads/Mailbox.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <exception>
 #include <set>
 #include <utility>
 
 #include "tessara/platform/ui/threads/MainPump.h"
+#include "tessara/platform/ui/windows/WindowEnd.h"
 
 namespace tessara {
 
 namespace {
-
-const std::thread::id MAIN_THREAD = std::this_thread::get_id();
 
 /// The mailboxes of threads that wait now. Kept to the end of the process: threads may outlive static
 /// objects.
@@ -53,8 +54,17 @@ private:
 /// Closes the mailbox of a thread that ends.
 struct CThreadMailbox {
     std::shared_ptr<CMailbox> pMailbox = std::make_shared<CMailbox>();
-    ~CThreadMailbox() { pMailbox->Close(); }
+    ~CThreadMailbox() {
+        pMailbox->Close();
+        LeaveWindowsToMainThread(*pMailbox);
+    }
 };
+
+/// The thread that the process began with.
+bool IsFirstThread() {
+    thread_local const bool t_bFirst = gettid() == getpid();
+    return t_bFirst;
+}
 
 } // namespace
 
@@ -66,18 +76,23 @@ std::mutex& SharedLock() {
 struct CMailbox::CCall {
     enum class EState { waiting, done, dropped };
 
+    /// Sets the state and tells who waits for it. The caller holds the shared lock.
+    void Finish(EState eNew) {
+        eState = eNew;
+        if (pCaller) {
+            pCaller->Wake();
+        }
+    }
+
     std::function<void()> fnCall;
-    CMailbox* pCaller;
+    CMailbox* pCaller; ///< null when nobody waits
     EState eState = EState::waiting;
     std::exception_ptr pException;
 };
 
 const std::shared_ptr<CMailbox>& CMailbox::OfMainThread() {
-    static auto* const s_pMailbox = [] {
-        auto* const pMailbox = new std::shared_ptr<CMailbox>(std::make_shared<CMailbox>());
-        (*pMailbox)->m_thread = MAIN_THREAD;
-        return pMailbox;
-    }();
+    static auto* const s_pMailbox =
+        new std::shared_ptr<CMailbox>(std::make_shared<CMailbox>(std::thread::id()));
     return *s_pMailbox;
 }
 
@@ -89,8 +104,13 @@ const std::shared_ptr<CMailbox>& CMailbox::OfThisThread() {
     return t_mailbox.pMailbox;
 }
 
-bool CMailbox::IsMainThread() {
-    return std::this_thread::get_id() == MAIN_THREAD;
+void CMailbox::BecomeMainThread() {
+    OfMainThread()->m_thread = std::this_thread::get_id();
+}
+
+bool CMailbox::IsOfThisThread() const {
+    const std::thread::id thread = m_thread;
+    return thread == std::thread::id() ? IsFirstThread() : thread == std::this_thread::get_id();
 }
 
 bool CMailbox::Post(const MSG& message) {
@@ -110,19 +130,28 @@ bool CMailbox::Call(const std::function<void()>& fnCall) {
     }
     const auto& pOwn = OfThisThread();
     const auto pCall = std::make_shared<CCall>(CCall{fnCall, pOwn.get(), CCall::EState::waiting, nullptr});
-    {
-        const std::lock_guard lock(SharedLock());
-        if (m_bClosed) {
-            return false;
-        }
-        m_calls.push_back(pCall);
-        Wake();
+    if (!Push(pCall)) {
+        return false;
     }
     pOwn->WaitUntil([&] { return pCall->eState != CCall::EState::waiting; });
     if (pCall->pException) {
         std::rethrow_exception(pCall->pException);
     }
     return pCall->eState == CCall::EState::done;
+}
+
+void CMailbox::Send(const std::function<void()>& fnCall) {
+    Push(std::make_shared<CCall>(CCall{fnCall, nullptr, CCall::EState::waiting, nullptr}));
+}
+
+bool CMailbox::Push(const std::shared_ptr<CCall>& pCall) {
+    const std::lock_guard lock(SharedLock());
+    if (m_bClosed || (m_bLoopEnded && m_nServing == 0)) {
+        return false;
+    }
+    m_calls.push_back(pCall);
+    Wake();
+    return true;
 }
 
 bool CMailbox::WaitUntil(const std::function<bool()>& fnCondition, const CDeadline& deadline) {
@@ -137,6 +166,7 @@ bool CMailbox::WaitUntil(const std::function<bool()>& fnCondition, const CDeadli
         return true;
     }
     const CUnlockedWaitingScope waiting(this);
+    const CServing serving(*this);
     return RunMainLoop(EMainLoop::waiting, fnLocked, deadline);
 }
 
@@ -184,8 +214,8 @@ void CMailbox::ServeCalls() {
             pCall->pException = std::current_exception();
         }
         const std::lock_guard lock(SharedLock());
-        pCall->eState = CCall::EState::done;
-        pCall->pCaller->Wake();
+        m_bNudged = true; // a loop beneath may have been waiting for what the call did
+        pCall->Finish(CCall::EState::done);
     }
 }
 
@@ -193,14 +223,58 @@ void CMailbox::Close() {
     const std::lock_guard lock(SharedLock());
     m_bClosed = true;
     m_posted.clear();
+    DropCalls();
+}
+
+void CMailbox::DropCalls() {
     for (const auto& pCall : std::exchange(m_calls, {})) {
-        pCall->eState = CCall::EState::dropped;
-        pCall->pCaller->Wake();
+        pCall->Finish(CCall::EState::dropped);
     }
 }
 
+void CMailbox::Nudge() {
+    const std::lock_guard lock(SharedLock());
+    m_bNudged = true;
+    Wake();
+}
+
+void CMailbox::ForgetNudge() {
+    const std::lock_guard lock(SharedLock());
+    m_bNudged = false;
+}
+
+void CMailbox::SetLoopEnded(bool bEnded) {
+    const std::lock_guard lock(SharedLock());
+    m_bLoopEnded = bEnded;
+    if (bEnded && m_nServing == 0) {
+        DropCalls();
+    }
+}
+
+CMailbox::CServing::CServing(CMailbox& mailbox) : m_mailbox(mailbox) {
+    const std::lock_guard lock(SharedLock());
+    ++m_mailbox.m_nServing;
+}
+
+CMailbox::CServing::~CServing() {
+    const std::lock_guard lock(SharedLock());
+    if (--m_mailbox.m_nServing == 0 && m_mailbox.m_bLoopEnded) {
+        m_mailbox.DropCalls(); // they came while it served
+    }
+}
+
+CMailbox::CRefusal::CRefusal(CMailbox& mailbox) : m_mailbox(mailbox) {
+    const std::lock_guard lock(SharedLock());
+    ++m_mailbox.m_nRefusals;
+}
+
+CMailbox::CRefusal::~CRefusal() {
+    const std::lock_guard lock(SharedLock());
+    --m_mailbox.m_nRefusals;
+}
+
 void CMailbox::Wake() {
-    if (m_thread == MAIN_THREAD) {
+    if (this == OfMainThread().get()) {
         WakeMainThread();
     } else {
         m_wake.notify_all();

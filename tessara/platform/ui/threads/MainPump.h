@@ -16,6 +16,9 @@ enum class EMainLoop {
 /// loop it does nothing.
 void WakeMainThread();
 
+/// Whether the main thread has a loop, and with it windows: then it cannot become another.
+bool HasMainLoop();
+
 /// Runs the event loop of the main thread until the condition holds; it is asked whenever the thread is
 /// woken. False when the deadline passed first. Loops nest.
 bool RunMainLoop(EMainLoop eLoop, const std::function<bool()>& fnCondition,

@@ -11,6 +11,7 @@
 #include "tessara/platform/ui/threads/Loop.h"
 #include "tessara/platform/ui/threads/Mailbox.h"
 #include "tessara/platform/ui/threads/MainPump.h"
+#include "tessara/platform/ui/windows/WindowEnd.h"
 
 IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 
@@ -22,7 +23,7 @@ struct CWinThread::CState {
 /// Opens a thread's parts to the functions that run it.
 struct CThreadAccess {
     static void Enter(CWinThread& thread);
-    static int RunBody(CWinThread& thread);
+    static void RunBody(CWinThread& thread);
     static void Main(CWinThread* pThread);
     static void UseMailbox(CWinThread& thread, const std::shared_ptr<tessara::CMailbox>& pMailbox) {
         thread.m_pState->pMailbox = pMailbox;
@@ -86,30 +87,42 @@ void RunGuarded(const std::function<void()>& fnRun) {
     }
 }
 
-void EnterMainThread(CWinThread* pThread) {
+void EnterMainThread(CWinThread& thread) {
+    if (!HasMainLoop()) {
+        CMailbox::BecomeMainThread();
+    }
     const auto& pMailbox = CMailbox::OfMainThread();
-    t_thread.pThread = pThread;
+    pMailbox->SetLoopEnded(false);
+    t_thread.pThread = &thread;
     const std::lock_guard lock(SharedLock());
     Threads()[t_nThread] = pMailbox;
-    if (pThread) {
-        CThreadAccess::UseMailbox(*pThread, pMailbox);
+    CThreadAccess::UseMailbox(thread, pMailbox);
+}
+
+void LeaveMainThread(const CWinThread& thread) {
+    if (t_thread.pThread == &thread) {
+        t_thread.pThread = nullptr;
     }
 }
 
 bool RunLoopUntil(const std::function<bool()>& fnEnd) {
     const auto& pMailbox = CMailbox::OfThisThread();
     if (CMailbox::IsMainThread()) {
+        const CMailbox::CServing serving(*pMailbox);
         RunMainLoop(EMainLoop::everything, [&] { return t_thread.bQuit || fnEnd(); });
         return !t_thread.bQuit;
     }
-    while (!t_thread.bQuit && !fnEnd()) {
+    for (;;) {
+        pMailbox->ForgetNudge(); // before the question, so that none after it is missed
+        if (t_thread.bQuit || fnEnd()) {
+            return !t_thread.bQuit;
+        }
         if (const auto message = pMailbox->Take()) {
             DispatchPosted(*message);
         } else {
-            pMailbox->WaitUntil([&] { return pMailbox->HasPosted() || t_thread.bQuit; });
+            pMailbox->WaitUntil([&] { return pMailbox->HasPosted() || pMailbox->IsNudged(); });
         }
     }
-    return !t_thread.bQuit;
 }
 
 int TakeExitCode() {
@@ -129,25 +142,23 @@ void CThreadAccess::Enter(CWinThread& thread) {
     tessara::CMailbox::WakeAll();
 }
 
-int CThreadAccess::RunBody(CWinThread& thread) {
+void CThreadAccess::RunBody(CWinThread& thread) {
     if (thread.m_pfnProcedure) {
-        return static_cast<int>(thread.m_pfnProcedure(thread.m_pParam));
+        tessara::RunGuarded([&] { thread.m_pfnProcedure(thread.m_pParam); });
+        return;
     }
-    int nCode = 0;
-    if (thread.InitInstance()) {
-        nCode = thread.Run();
-    }
-    thread.ExitInstance();
-    return nCode;
+    tessara::RunGuarded([&] {
+        if (thread.InitInstance()) {
+            thread.Run();
+        }
+    });
+    tessara::TakeExitCode(); // dialogs of ExitInstance are no longer quit
+    tessara::RunGuarded([&] { thread.ExitInstance(); });
 }
 
 void CThreadAccess::Main(CWinThread* pThread) {
     Enter(*pThread);
-    try {
-        RunBody(*pThread);
-    } catch (const std::exception& exception) {
-        pThread->ProcessWndProcException(exception, nullptr);
-    }
+    RunBody(*pThread);
     tessara::DestroyWindowsOfThread();
     const HANDLE hThread = pThread->m_hThread;
     {
@@ -260,8 +271,7 @@ DWORD GetCurrentThreadId() {
 void PostQuitMessage(int nExitCode) {
     tessara::t_thread.bQuit = true;
     tessara::t_thread.nExitCode = nExitCode;
-    const std::lock_guard lock(tessara::SharedLock());
-    tessara::CMailbox::OfThisThread()->Wake();
+    tessara::CMailbox::OfThisThread()->Nudge();
 }
 
 BOOL PostThreadMessage(DWORD nThreadID, UINT nMessage, WPARAM wParam, LPARAM lParam) {

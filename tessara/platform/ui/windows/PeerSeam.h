@@ -27,10 +27,12 @@ struct CWindowDescription {
 /// Whether there can be windows: see CGraphicsException. From any thread.
 bool CanMakeWindows();
 
-/// Makes the widget of a window, hidden when it has no parent. Main thread. Throws CMemoryException.
-CPeer* MakePeer(const CWindowDescription& description);
-/// Takes the widget away: at once, or at the end of the event that it is in. Main thread.
-void DestroyPeer(CPeer* pPeer);
+/// Makes the widget of a window, hidden when it has no parent, and notes it in the table. False when the
+/// window or its parent's widget has gone. Main thread. Throws CMemoryException.
+bool MakePeer(const CWindowDescription& description);
+/// Takes the widget of a window away, if it has one: at once, or at the end of the event that it is in. Main
+/// thread.
+void DestroyPeer(HWND hWnd);
 
 /// A sink on a window's backing image, for any thread. Draws nothing when the window has gone.
 std::unique_ptr<CDrawSink> MakeWindowSink(HWND hWnd);

@@ -1,7 +1,7 @@
 #include "tessara/platform/ui/windows/WindowTable.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <utility>
 
 #include "tessara/platform/ui/windows/Wnd.h"
 
@@ -24,6 +24,7 @@ struct CTable {
     std::vector<CPlace> places;
     std::vector<std::size_t> free;
     std::uint64_t nMade = 0;
+    std::uint64_t nEnds = 0;
 };
 
 CTable& Table() {
@@ -66,10 +67,20 @@ std::vector<HWND> Select(CONDITION fnCondition) {
     return handles;
 }
 
+/// Whether a window may be made so. The caller holds the lock.
+bool MayBeMade(const CWindowRecord& record) {
+    const CPlace* const pParent = PlaceOf(record.hParent);
+    const bool bNeedsParent = record.hParent || (record.dwStyle & WS_CHILD);
+    return record.pOwner->TakesWindows() && (!bNeedsParent || (pParent && !pParent->record.bTakenAway));
+}
+
 } // namespace
 
 HWND AddWindow(const CWindowRecord& record) {
     const std::lock_guard lock(SharedLock());
+    if (!MayBeMade(record)) {
+        return nullptr;
+    }
     CTable& table = Table();
     if (table.free.empty()) {
         table.free.push_back(table.places.size());
@@ -99,27 +110,84 @@ bool ChangeWindow(HWND hWnd, const std::function<void(CWindowRecord&)>& fnChange
     return pPlace != nullptr;
 }
 
-void RemoveWindow(HWND hWnd) {
-    std::unique_ptr<CWnd> pKept; // destroyed without the lock
+std::unique_ptr<CWnd> RemoveWindow(HWND hWnd) {
     const std::lock_guard lock(SharedLock());
     CPlace* pPlace = PlaceOf(hWnd);
     if (!pPlace) {
-        return;
+        return nullptr;
     }
-    pKept = std::move(pPlace->pKept);
     pPlace->record = {};
     pPlace->bUsed = false;
     ++pPlace->nGeneration;
     Table().free.push_back(static_cast<std::size_t>(pPlace - Table().places.data()));
+    return std::move(pPlace->pKept);
 }
 
 std::vector<HWND> ChildrenOf(HWND hWnd) {
     return Select([hWnd](const CWindowRecord& record) { return record.hParent == hWnd && hWnd; });
 }
 
+std::vector<HWND> OwnedBy(HWND hWnd) {
+    return Select([hWnd](const CWindowRecord& record) {
+        return record.hParent == hWnd && hWnd && !(record.dwStyle & WS_CHILD);
+    });
+}
+
 std::vector<HWND> WindowsOf(const CMailbox& owner) {
-    return Select(
-        [&](const CWindowRecord& record) { return record.pOwner.get() == &owner && !record.hParent; });
+    return Select([&](const CWindowRecord& record) {
+        const CPlace* const pParent = PlaceOf(record.hParent);
+        return record.pOwner.get() == &owner && !(pParent && pParent->record.pOwner.get() == &owner);
+    });
+}
+
+HWND TopLevelOf(HWND hWnd) {
+    const std::lock_guard lock(SharedLock());
+    const CPlace* pPlace = PlaceOf(hWnd);
+    while (pPlace && (pPlace->record.dwStyle & WS_CHILD)) {
+        hWnd = pPlace->record.hParent;
+        pPlace = PlaceOf(hWnd);
+    }
+    return pPlace ? hWnd : nullptr;
+}
+
+std::uint64_t NewWindowEnd() {
+    const std::lock_guard lock(SharedLock());
+    return ++Table().nEnds;
+}
+
+bool BeginWindowEnd(HWND hWnd, std::uint64_t nEnd) {
+    const std::lock_guard lock(SharedLock());
+    CPlace* const pPlace = PlaceOf(hWnd);
+    if (!pPlace || pPlace->record.nEnd) {
+        return false;
+    }
+    pPlace->record.nEnd = nEnd;
+    return true;
+}
+
+bool BeginTakingAway(HWND hWnd, std::uint64_t nEnd) {
+    const std::lock_guard lock(SharedLock());
+    CPlace* const pPlace = PlaceOf(hWnd);
+    return pPlace && pPlace->record.nEnd == nEnd && !std::exchange(pPlace->record.bTakenAway, true);
+}
+
+bool AttachPeer(HWND hWnd, CPeer* pPeer) {
+    const std::lock_guard lock(SharedLock());
+    CPlace* const pPlace = PlaceOf(hWnd);
+    if (!pPlace || pPlace->record.bTakenAway) {
+        return false;
+    }
+    pPlace->record.pPeer = pPeer;
+    return true;
+}
+
+void GiveWindowsTo(const CMailbox& ended, const std::shared_ptr<CMailbox>& pHeir) {
+    const std::lock_guard lock(SharedLock());
+    for (CPlace& place : Table().places) {
+        if (place.record.pOwner.get() == &ended) {
+            place.record.pOwner = pHeir;
+        }
+    }
 }
 
 std::size_t CountWindows() {

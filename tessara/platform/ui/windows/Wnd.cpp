@@ -8,15 +8,13 @@
 #include "tessara/platform/ui/windows/ClientDC.h"
 #include "tessara/platform/ui/windows/PeerSeam.h"
 #include "tessara/platform/ui/windows/System.h"
+#include "tessara/platform/ui/windows/WindowEnd.h"
 #include "tessara/platform/ui/windows/WindowTable.h"
 
 IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
 
 CWnd::~CWnd() {
-    // The derived parts have gone: no handler of theirs may run any more, but the window must go.
-    if (tessara::FindWindow(m_hWnd)) {
-        CWnd::DestroyWindow();
-    }
+    tessara::DestroyWithObject(m_hWnd, *this);
 }
 
 CWnd* CWnd::FromHandle(HWND hWnd) {
@@ -35,30 +33,56 @@ BOOL CWnd::Create(const char* pszClassName, const char* pszText, DWORD dwStyle, 
 
 BOOL CWnd::CreateEx(DWORD dwExStyle, const char* pszClassName, const char* pszText, DWORD dwStyle,
                     const RECT& rect, CWnd* pParent, UINT nID, void* pParam) {
-    const HWND hParent = pParent ? pParent->GetSafeHwnd() : nullptr;
+    return CreateUnder(pParent ? pParent->GetSafeHwnd() : nullptr, dwExStyle, pszClassName, pszText, dwStyle,
+                       rect, nID, pParam);
+}
+
+BOOL CWnd::CreateUnder(HWND hParent, DWORD dwExStyle, const char* pszClassName, const char* pszText,
+                       DWORD dwStyle, const RECT& rect, UINT nID, void* pParam) {
+    if (tessara::FindWindow(m_hWnd)) {
+        return FALSE;
+    }
     CREATESTRUCT create{
         pParam,  hParent,  rect.bottom - rect.top, rect.right - rect.left, rect.top, rect.left,
         dwStyle, dwExStyle};
-    if (tessara::FindWindow(m_hWnd) || !PreCreateWindow(create)) {
+    HWND hWnd = nullptr;
+    if (PreCreateWindow(create) && (tessara::FindWindow(create.hwndParent) || tessara::CanMakeWindows())) {
+        hWnd = tessara::AddWindow(
+            {this, nullptr, tessara::CMailbox::OfThisThread(), create.hwndParent, nID, create.style});
+    }
+    if (!hWnd) {
+        PostNcDestroy();
         return FALSE;
     }
-    if (!tessara::FindWindow(hParent) && !tessara::CanMakeWindows()) {
-        return FALSE;
+    m_hWnd = hWnd;
+    try {
+        if (!MakeWindow(create, pszClassName, pszText, nID)) {
+            tessara::DestroyTree(hWnd);
+        }
+    } catch (...) {
+        tessara::DiscardWindow(hWnd);
+        throw;
     }
-    m_hWnd =
-        tessara::AddWindow({this, nullptr, tessara::CMailbox::OfThisThread(), hParent, nID, create.style});
+    return tessara::FindWindow(hWnd).has_value(); // a handler may have destroyed it, and with it this object
+}
+
+/// False when the window cannot be, or WM_CREATE says so; a handler may then have deleted the object already.
+BOOL CWnd::MakeWindow(const CREATESTRUCT& create, const char* pszClassName, const char* pszText, UINT nID) {
+    const HWND hWnd = m_hWnd;
+    CREATESTRUCT told = create;
     const RECT place{create.x, create.y, create.x + create.cx, create.y + create.cy};
-    tessara::CPeer* pPeer = tessara::OnMainThread([&] {
+    const bool bMade = tessara::OnMainThread([&] {
         return tessara::MakePeer(
-            {m_hWnd, pszClassName, pszText, create.style, create.dwExStyle, place, hParent, nID});
+            {hWnd, pszClassName, pszText, create.style, create.dwExStyle, place, create.hwndParent, nID});
     });
-    tessara::ChangeWindow(m_hWnd, [&](tessara::CWindowRecord& record) { record.pPeer = pPeer; });
-    PreSubclassWindow();
-    if (SendMessage(WM_CREATE, 0, reinterpret_cast<LPARAM>(&create)) == -1) {
-        DestroyWindow();
+    if (!bMade || !tessara::FindWindow(hWnd)) {
         return FALSE;
     }
-    if (create.style & WS_VISIBLE) {
+    PreSubclassWindow();
+    if (::SendMessage(hWnd, WM_CREATE, 0, reinterpret_cast<LPARAM>(&told)) == -1) {
+        return FALSE;
+    }
+    if (tessara::FindWindow(hWnd) && (create.style & WS_VISIBLE)) {
         ShowWindow(create.style & WS_MAXIMIZE   ? SW_SHOWMAXIMIZED
                    : create.style & WS_MINIMIZE ? SW_SHOWMINIMIZED
                                                 : SW_SHOW);
@@ -71,11 +95,7 @@ BOOL CWnd::PreCreateWindow(CREATESTRUCT&) {
 }
 
 BOOL CWnd::DestroyWindow() {
-    if (!tessara::FindWindow(m_hWnd)) {
-        return FALSE;
-    }
-    tessara::DestroyTree(m_hWnd);
-    return TRUE;
+    return tessara::DestroyTree(m_hWnd);
 }
 
 BOOL CWnd::SubclassWindow(HWND hWnd) {

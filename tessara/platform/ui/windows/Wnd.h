@@ -64,8 +64,8 @@ using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
 ///
 /// Positions and sizes are pixels of the screen; client coordinates count from the window's top left corner
 /// inside its frame. Without a window (m_hWnd null, or a window that has gone) every operation does nothing
-/// and returns zero. Deleting the object destroys the window. An object belongs to the thread that made its
-/// window.
+/// and returns zero. Deleting the object destroys the window, without its handlers, which have gone by then.
+/// An object belongs to the thread that made its window.
 ///
 ///     class CPlotView : public CWnd {
 ///         void OnPaint() { CPaintDC dc(this); dc.SetBkMode(TRANSPARENT); ... }
@@ -88,13 +88,16 @@ public:
 
     // Life
 
-    /// Makes a window without a control's look. A null class name is the plain window. Returns zero, and
-    /// leaves the object without a window, when WM_CREATE is answered with -1.
+    /// Makes a window without a control's look. A null class name is the plain window. Returns zero when
+    /// there can be none, when WM_CREATE is answered with -1, or when a handler has destroyed it: there is no
+    /// window then, and PostNcDestroy was called. When it throws there is none either, and the object stays
+    /// with the caller.
     virtual BOOL Create(const char* pszClassName, const char* pszText, DWORD dwStyle, const RECT& rect,
                         CWnd* pParent, UINT nID);
     BOOL CreateEx(DWORD dwExStyle, const char* pszClassName, const char* pszText, DWORD dwStyle,
                   const RECT& rect, CWnd* pParent, UINT nID, void* pParam = nullptr);
-    /// Destroys the window and its children. Call from the thread that owns it.
+    /// Destroys the window, its children and what it owns; docs/framework.md says in which order. Returns
+    /// zero when there is none or its end has begun. On the thread that owns it: another waits for that.
     virtual BOOL DestroyWindow();
     /// Makes this object the one of an existing window, for example a dialog's control.
     BOOL SubclassWindow(HWND hWnd);
@@ -247,10 +250,16 @@ protected:
     void OnRButtonUp(UINT, CPoint) { Default(); }
     BOOL OnMouseWheel(UINT, short, CPoint) { return static_cast<BOOL>(Default()); }
 
+    /// The same as CreateEx under a window that another thread may be ending meanwhile.
+    BOOL CreateUnder(HWND hParent, DWORD dwExStyle, const char* pszClassName, const char* pszText,
+                     DWORD dwStyle, const RECT& rect, UINT nID, void* pParam = nullptr);
+
     DECLARE_MESSAGE_MAP()
     friend struct CWndAccess;
 
 private:
+    BOOL MakeWindow(const CREATESTRUCT& create, const char* pszClassName, const char* pszText, UINT nID);
+
     mutable std::unique_ptr<CFont> m_pFont; ///< what GetFont has returned
 };
 
