@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QTimer>
 #include <QWidget>
 #include <atomic>
 
@@ -170,6 +171,11 @@ TEST(Wait, EndsByItsSignalItsTimeOrTheEndOfItsHandle) {
     EXPECT_EQ(WaitForSingleObject(hOnce, 5), WAIT_TIMEOUT);
     EXPECT_TRUE(SetEvent(hOnce));
     EXPECT_EQ(WaitForSingleObject(hOnce, INFINITE), WAIT_OBJECT_0);
+    bool bServed = false;
+    QTimer::singleShot(0, [&] { bServed = true; });
+    EXPECT_EQ(WaitForSingleObject(hOnce, 0), WAIT_TIMEOUT);
+    EXPECT_FALSE(bServed) << "a wait of no time is a question";
+    QApplication::processEvents();
     EXPECT_TRUE(CloseHandle(hOnce));
     EXPECT_TRUE(CloseHandle(hManual));
     EXPECT_FALSE(SetEvent(hOnce));

@@ -1,5 +1,6 @@
 #include "tessara/platform/ui/threads/MainPump.h"
 
+#include <poll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -8,11 +9,13 @@
 #include <QEventLoop>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <algorithm>
 #include <atomic>
+#include <climits>
 #include <vector>
 
 #include "tessara/platform/qt/application/Application.h"
-#include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/qt/windows/PaintScope.h"
 #include "tessara/platform/qt/windows/WindowBlock.h"
 #include "tessara/platform/ui/threads/Dispatch.h"
 #include "tessara/platform/ui/threads/Loop.h"
@@ -48,6 +51,8 @@ public:
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
 
 private:
+    bool WaitInPaint(const std::function<bool()>& fnCondition, const CDeadline& deadline);
+
     /// A loop that is the innermost one to the end of the scope, whatever ends it.
     struct CInnermost {
         CInnermost(CMainPump& pump, CRunningLoop& running) : m_pump(pump) { m_pump.Enter(running); }
@@ -80,9 +85,28 @@ void CMainPump::OnIdle() {
     }
 }
 
-void CMainPump::OnWake() {
+/// Takes what has woken the main thread.
+void TakeWake() {
     std::uint64_t nCount = 0;
     [[maybe_unused]] const auto nRead = read(g_nWake, &nCount, sizeof nCount);
+}
+
+/// Waits until the main thread is woken; false when the deadline passed first.
+bool AwaitWake(const CDeadline& deadline) {
+    int nMilliseconds = -1;
+    if (deadline) {
+        const auto rest =
+            std::chrono::ceil<std::chrono::milliseconds>(*deadline - std::chrono::steady_clock::now());
+        nMilliseconds = static_cast<int>(std::clamp<std::int64_t>(rest.count(), 0, INT_MAX));
+    }
+    pollfd wake{g_nWake, POLLIN, 0};
+    const bool bWoken = poll(&wake, 1, nMilliseconds) != 0;
+    TakeWake();
+    return bWoken;
+}
+
+void CMainPump::OnWake() {
+    TakeWake();
     const CPeer::CEventScope scope;
     CMailbox::OfMainThread()->ServeCalls();
     if (!IsWaiting()) {
@@ -126,7 +150,29 @@ void CMainPump::Leave() {
     WakeMainThread(); // the loop around this one looks at its own condition
 }
 
+/// Waits within a paint event: calls are served, or two waits could block each other, and nothing else. An
+/// event loop would let the widget be painted, resized or deleted under its paint.
+bool CMainPump::WaitInPaint(const std::function<bool()>& fnCondition, const CDeadline& deadline) {
+    const CPaintHold hold;
+    bool bLate = false;
+    bool bEnded = false;
+    while (!bLate) {
+        CMailbox::OfMainThread()->ServeCalls();
+        bEnded = fnCondition();
+        if (bEnded) {
+            break;
+        }
+        bLate = !AwaitWake(deadline);
+    }
+    WakeMainThread(); // for the loops around this one
+    return bEnded || fnCondition();
+}
+
 bool CMainPump::Run(EMainLoop eLoop, const std::function<bool()>& fnCondition, const CDeadline& deadline) {
+    if (eLoop == EMainLoop::waiting && CPaintScope::IsInside()) {
+        return WaitInPaint(fnCondition, deadline);
+    }
+    const CPaintHold hold; // for a message box that a handler opens there
     CMailbox::OfMainThread()->ServeCalls();
     if (fnCondition()) {
         return true;

@@ -47,6 +47,28 @@ void SetTextColor(QPalette& palette, const QColor& text, const QColor& ground) {
     }
 }
 
+/// Asks a control's parent for its colours, on the parent's thread.
+CControlColors AskForColors(HWND hControl, UINT nKind, const QColor& usualText) {
+    const auto record = FindWindow(hControl);
+    if (!record) {
+        return {};
+    }
+    CDC dc; // without device: the handler sets its colours
+    dc.SetTextColor(ToColorRef(usualText));
+    unpack::CControlColorQuestion question{&dc, record->pWnd, nKind};
+    const CReply reply = Tell(record->hParent, WM_CTLCOLOR, 0, reinterpret_cast<LPARAM>(&question));
+    const auto* const pBrush = reinterpret_cast<HBRUSH>(reply.lResult);
+    const COLORREF text = dc.GetState().textColor;
+    CControlColors colors;
+    if (reply.bHandled && pBrush && pBrush->IsCreated()) {
+        colors.ground = ToQColor(pBrush->GetLogBrush().lbColor);
+    }
+    if (text != ToColorRef(usualText)) {
+        colors.text = ToQColor(text);
+    }
+    return colors;
+}
+
 } // namespace
 
 CControlPeer::CControlPeer(const CWindowDescription& description, QWidget* pWidget,
@@ -83,33 +105,34 @@ bool CControlPeer::eventFilter(QObject* pWatched, QEvent* pEvent) {
 
 void CControlPeer::AskColors() {
     const auto record = FindWindow(GetHandle());
-    if (m_traits.nColor == CControlTraits::NO_COLOR || !record || !record->hParent) {
+    const auto parent = record ? FindWindow(record->hParent) : std::nullopt;
+    const bool bHere = parent && parent->pOwner->IsOfThisThread();
+    if (m_traits.nColor == CControlTraits::NO_COLOR || !parent || (!bHere && !parent->bColors)) {
         return;
     }
-    const QPalette usual = QApplication::palette(&GetWidget());
-    CDC dc; // without device: the handler sets its colours
-    const COLORREF usualText = ToColorRef(usual.color(QPalette::WindowText));
-    dc.SetTextColor(usualText);
-    unpack::CControlColorQuestion question{&dc, record->pWnd, m_traits.nColor};
-    const CReply reply = Ask(record->hParent, WM_CTLCOLOR, 0, reinterpret_cast<LPARAM>(&question));
-    const auto* const pBrush = reinterpret_cast<HBRUSH>(reply.lResult);
-    const COLORREF text = dc.GetState().textColor;
-    const bool bGround = reply.bHandled && pBrush && pBrush->IsCreated();
+    const QColor usual = QApplication::palette(&GetWidget()).color(QPalette::WindowText);
+    AskParent(EQuestion::colors, [this, hControl = GetHandle(), nKind = m_traits.nColor, usual]() -> CAnswer {
+        const CControlColors colors = AskForColors(hControl, nKind, usual);
+        return [this, colors] { SetColors(colors); };
+    });
+}
+
+void CControlPeer::SetColors(const CControlColors& colors) {
     QPalette palette;
-    if (bGround) {
-        const QColor ground = ToQColor(pBrush->GetLogBrush().lbColor);
-        palette.setColor(QPalette::Window, ground);
-        palette.setColor(QPalette::Base, ground);
+    if (colors.ground) {
+        palette.setColor(QPalette::Window, *colors.ground);
+        palette.setColor(QPalette::Base, *colors.ground);
     }
-    const bool bColored = bGround || text != usualText;
+    const bool bColored = colors.ground || colors.text;
     if (bColored) {
-        const QColor ground = bGround ? palette.color(QPalette::Window) : usual.color(QPalette::Window);
-        SetTextColor(palette, text != usualText ? ToQColor(text) : ReadableOn(ground, ToQColor(text)),
+        const QPalette usual = QApplication::palette(&GetWidget());
+        const QColor ground = colors.ground.value_or(usual.color(QPalette::Window));
+        SetTextColor(palette, colors.text.value_or(ReadableOn(ground, usual.color(QPalette::WindowText))),
                      ground);
     }
     if (bColored || m_bColored) {
         GetWidget().setPalette(palette);
-        GetWidget().setAutoFillBackground(bGround);
+        GetWidget().setAutoFillBackground(colors.ground.has_value());
     }
     m_bColored = bColored;
 }

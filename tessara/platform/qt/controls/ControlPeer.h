@@ -13,7 +13,14 @@ struct CControlTraits {
     static constexpr UINT NO_COLOR = 0xFFFF;
 };
 
-/// The peer of a control. Its parent is asked for its colours when it is shown and when it is invalidated.
+/// The colours that a parent gives a control; nothing where they are the palette's.
+struct CControlColors {
+    std::optional<QColor> ground;
+    std::optional<QColor> text;
+};
+
+/// The peer of a control. Its parent is asked for its colours when it is shown and when it is invalidated;
+/// where the parent belongs to another thread, the control has those that it had until the answer comes.
 class CControlPeer : public CPeer {
 public:
     CControlPeer(const CWindowDescription& description, QWidget* pWidget, const CControlTraits& traits,
@@ -26,6 +33,7 @@ public:
 
 private:
     void AskColors();
+    void SetColors(const CControlColors& colors);
 
     CControlTraits m_traits;
     bool m_bColored = false;

@@ -9,9 +9,27 @@
 
 namespace tessara {
 
+namespace {
+
+class CListBoxPeer : public CControlPeer {
+public:
+    CListBoxPeer(const CWindowDescription& description, CListBoxWidget& list)
+        : CControlPeer(description, &list, {CTLCOLOR_LISTBOX, 0, 0}, list.viewport()), m_list(list) {}
+
+    void Invalidate(bool bErase) override {
+        m_list.Outdate();
+        CControlPeer::Invalidate(bErase);
+    }
+
+private:
+    CListBoxWidget& m_list;
+};
+
+} // namespace
+
 CPeer* MakeListBoxPeer(const CWindowDescription& description, QWidget* pParent) {
     auto* const pList = new CListBoxWidget(description, pParent);
-    auto* const pPeer = new CControlPeer(description, pList, {CTLCOLOR_LISTBOX, 0, 0}, pList->viewport());
+    auto* const pPeer = new CListBoxPeer(description, *pList);
     if (!(description.dwStyle & LBS_NOTIFY)) {
         return pPeer;
     }
@@ -233,11 +251,13 @@ int CListBox::SetItemData(int nIndex, std::uintptr_t dwItemData) {
 }
 
 int CListBox::GetItemHeight(int) const {
-    return OnWidget<CListBoxWidget>(*this, [](CListBoxWidget& list) {
+    const auto fnHeight = [](CListBoxWidget& list) {
         const double dRatio = list.devicePixelRatioF();
         const QModelIndex first = list.GetModel().index(0);
         return static_cast<int>(std::lround(list.sizeHintForIndex(first).height() * dRatio));
-    });
+    };
+    const int nHeight = OnWidget<CListBoxWidget>(*this, fnHeight);
+    return tessara::SettleQuestions(m_hWnd) ? OnWidget<CListBoxWidget>(*this, fnHeight) : nHeight;
 }
 
 int CListBox::GetTopIndex() const {

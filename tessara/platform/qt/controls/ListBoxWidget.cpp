@@ -1,109 +1,12 @@
 #include "tessara/platform/qt/controls/ListBoxWidget.h"
 
 #include <QMouseEvent>
-#include <QPainter>
-#include <QStyledItemDelegate>
 #include <algorithm>
-#include <cmath>
 
 #include "tessara/platform/qt/controls/Edges.h"
-#include "tessara/platform/qt/drawing/ForwardingSink.h"
-#include "tessara/platform/ui/threads/Dispatch.h"
+#include "tessara/platform/qt/windows/PaintScope.h"
 
 namespace tessara {
-
-namespace {
-
-/// Draws an item for whichever thread its parent belongs to.
-class CItemSink : public CForwardingSink {
-public:
-    explicit CItemSink(CDrawSink& sink) : m_sink(sink) {}
-
-private:
-    void Target(const CCall& fnCall, bool) const override { fnCall(m_sink); }
-
-    CDrawSink& m_sink;
-};
-
-UINT ToItemState(const QStyleOptionViewItem& option) {
-    UINT nState = option.state & QStyle::State_Selected ? ODS_SELECTED : 0U;
-    nState |= option.state & QStyle::State_HasFocus ? ODS_FOCUS : 0U;
-    nState |= option.state & QStyle::State_Enabled ? 0U : ODS_DISABLED;
-    return nState;
-}
-
-COLORREF ToColorRef(const QColor& color) {
-    return static_cast<COLORREF>(color.red() | color.green() << 8 | color.blue() << 16);
-}
-
-constexpr UINT ODT_LISTBOX = 2;
-
-/// Asks the parent how tall items are and what they look like.
-class COwnerDrawing : public QStyledItemDelegate {
-public:
-    explicit COwnerDrawing(CListBoxWidget& list) : QStyledItemDelegate(&list), m_list(list) {}
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        const QSize usual = QStyledItemDelegate::sizeHint(option, index);
-        const CPeer* const pPeer = CPeer::Of(&m_list);
-        if (!m_list.IsOwnerDrawn() || !pPeer) {
-            return usual;
-        }
-        if (m_nHeight == 0) {
-            m_nHeight = AskHeight(*pPeer, usual.height());
-        }
-        return {usual.width(), static_cast<int>(std::ceil(m_nHeight / pPeer->GetRatio()))};
-    }
-
-    void paint(QPainter* pPainter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override {
-        CPeer* const pPeer = CPeer::Of(&m_list);
-        if (!m_list.IsOwnerDrawn() || !pPeer) {
-            QStyledItemDelegate::paint(pPainter, option, index);
-            return;
-        }
-        const QSize pixels = (QSizeF(option.rect.size()) * pPeer->GetRatio()).toSize();
-        CWindowSurface surface(pixels, m_list.logicalDpiY() * pPeer->GetRatio());
-        const QPalette& palette = option.palette;
-        surface.Fill(palette.color(QPalette::Base));
-        CDC dc(std::make_unique<CItemSink>(surface.GetSink()));
-        dc.SetTextColor(ToColorRef(palette.color(QPalette::Text)));
-        dc.SetBkColor(ToColorRef(palette.color(QPalette::Base)));
-        const auto record = FindWindow(pPeer->GetHandle());
-        const CListBoxItem* const pItem = m_list.GetModel().Find(index.row());
-        if (!record || !pItem) {
-            return;
-        }
-        DRAWITEMSTRUCT draw{ODT_LISTBOX,
-                            record->nID,
-                            static_cast<UINT>(index.row()),
-                            ODA_DRAWENTIRE,
-                            ToItemState(option),
-                            pPeer->GetHandle(),
-                            &dc,
-                            {0, 0, pixels.width(), pixels.height()},
-                            pItem->nData};
-        Ask(record->hParent, WM_DRAWITEM, record->nID, reinterpret_cast<LPARAM>(&draw));
-        pPainter->drawImage(QRectF(option.rect), surface.GetImage());
-    }
-
-private:
-    int AskHeight(const CPeer& peer, int nUsual) const {
-        const auto record = FindWindow(peer.GetHandle());
-        const int nPixels = static_cast<int>(std::lround(nUsual * peer.GetRatio()));
-        if (!record) {
-            return nPixels;
-        }
-        MEASUREITEMSTRUCT measure{ODT_LISTBOX, record->nID, 0, 0, static_cast<UINT>(nPixels), 0};
-        Ask(record->hParent, WM_MEASUREITEM, record->nID, reinterpret_cast<LPARAM>(&measure));
-        return std::clamp(static_cast<int>(measure.itemHeight), 1, 4096);
-    }
-
-    CListBoxWidget& m_list;
-    mutable int m_nHeight = 0; ///< pixels; 0 until asked
-};
-
-} // namespace
 
 int CListBoxModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(m_items.size());
@@ -186,9 +89,9 @@ CListBoxWidget::CListBoxWidget(const CWindowDescription& description, QWidget* p
     : QListView(pParent),
       m_bStrings(!(description.dwStyle & LBS_OWNERDRAWFIXED) || (description.dwStyle & LBS_HASSTRINGS)),
       m_bSorted((description.dwStyle & LBS_SORT) != 0),
-      m_bOwnerDrawn((description.dwStyle & LBS_OWNERDRAWFIXED) != 0) {
+      m_bOwnerDrawn((description.dwStyle & LBS_OWNERDRAWFIXED) != 0), m_drawing(*this) {
     setModel(&m_model);
-    setItemDelegate(new COwnerDrawing(*this));
+    setItemDelegate(&m_drawing);
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(description.dwStyle & LBS_NOSEL         ? NoSelection
@@ -213,6 +116,12 @@ void CListBoxWidget::Select(int nIndex) {
     } else {
         selectionModel()->clear();
     }
+}
+
+void CListBoxWidget::paintEvent(QPaintEvent* pEvent) {
+    const CPaintScope scope(*this);
+    m_drawing.BeginPaint();
+    QListView::paintEvent(pEvent);
 }
 
 void CListBoxWidget::mousePressEvent(QMouseEvent* pEvent) {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+#include "tessara/platform/qt/controls/OwnerDrawing.h"
 #include "tessara/platform/qt/windows/Peer.h"
 
 namespace tessara {
@@ -57,6 +58,8 @@ public:
     /// Selects a line, or none for an index below 0, as a program does: nobody is told.
     void Select(int nIndex);
     bool IsTelling() const { return m_bTelling; }
+    /// What the lines of an owner-drawn list show has changed.
+    void Outdate() { m_drawing.Outdate(); }
 
     /// While it lives, what becomes of the selection is the program's doing.
     class CSilence {
@@ -73,6 +76,7 @@ public:
     std::function<void()> m_fnDoubleClicked;
 
 protected:
+    void paintEvent(QPaintEvent* pEvent) override;
     void mousePressEvent(QMouseEvent* pEvent) override;
     void mouseDoubleClickEvent(QMouseEvent* pEvent) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
@@ -84,6 +88,7 @@ private:
     bool m_bSorted;
     bool m_bOwnerDrawn;
     bool m_bTelling = true;
+    COwnerDrawing m_drawing;
 };
 
 } // namespace tessara

@@ -10,6 +10,7 @@
 #include "tessara/platform/qt/controls/Edges.h"
 #include "tessara/platform/qt/controls/ListModel.h"
 #include "tessara/platform/qt/controls/PeerFactory.h"
+#include "tessara/platform/qt/windows/PaintScope.h"
 
 namespace tessara {
 
@@ -29,6 +30,7 @@ public:
     int ToUnits(int nPixels) const { return static_cast<int>(std::lround(nPixels / devicePixelRatioF())); }
 
 protected:
+    void paintEvent(QPaintEvent* pEvent) override;
     void mouseDoubleClickEvent(QMouseEvent* pEvent) override;
     void keyPressEvent(QKeyEvent* pEvent) override;
     void initViewItemOption(QStyleOptionViewItem* pOption) const override;
@@ -106,11 +108,17 @@ void CListViewWidget::keyPressEvent(QKeyEvent* pEvent) {
     }
 }
 
+void CListViewWidget::paintEvent(QPaintEvent* pEvent) {
+    const CPaintScope scope(*this);
+    m_model.BeginPaint();
+    QTableView::paintEvent(pEvent);
+}
+
 void CListViewWidget::mouseDoubleClickEvent(QMouseEvent* pEvent) {
     QTableView::mouseDoubleClickEvent(pEvent);
     const QModelIndex index = indexAt(pEvent->position().toPoint());
     NMLISTVIEW notice{{}, index.row(), index.column(), 0, 0, 0};
-    m_pPeer->NotifyWith(notice.hdr, NM_DBLCLK);
+    m_pPeer->NotifyWith(notice, NM_DBLCLK);
 }
 
 void CListViewWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
@@ -130,19 +138,33 @@ void CListViewWidget::TellState(int nRow, UINT nNew, UINT nOld) {
     NMLISTVIEW notice{{}, nRow, 0, nNew, nOld, LVIF_STATE};
     const CPeer::CEventScope scope;
     if (m_pPeer) {
-        m_pPeer->NotifyWith(notice.hdr, LVN_ITEMCHANGED);
+        m_pPeer->NotifyWith(notice, LVN_ITEMCHANGED);
     }
 }
+
+class CListViewPeer : public CControlPeer {
+public:
+    CListViewPeer(const CWindowDescription& description, CListViewWidget& list)
+        : CControlPeer(description, &list, {CTLCOLOR_LISTBOX}, list.viewport()), m_list(list) {}
+
+    void Invalidate(bool bErase) override {
+        m_list.GetModel().Outdate();
+        CControlPeer::Invalidate(bErase);
+    }
+
+private:
+    CListViewWidget& m_list;
+};
 
 } // namespace
 
 CPeer* MakeListViewPeer(const CWindowDescription& description, QWidget* pParent) {
     auto* const pList = new CListViewWidget(description, pParent);
-    auto* const pPeer = new CControlPeer(description, pList, {CTLCOLOR_LISTBOX}, pList->viewport());
+    auto* const pPeer = new CListViewPeer(description, *pList);
     pList->SetPeer(pPeer);
     OnSignal(*pPeer, pList->horizontalHeader(), &QHeaderView::sectionClicked, [pPeer](int nColumn) {
         NMLISTVIEW notice{{}, -1, nColumn, 0, 0, 0};
-        pPeer->NotifyWith(notice.hdr, LVN_COLUMNCLICK);
+        pPeer->NotifyWith(notice, LVN_COLUMNCLICK);
     });
     return pPeer;
 }
@@ -162,10 +184,12 @@ Qt::Alignment ToAlignment(int nFormat) {
 
 template <class FUNCTION>
 auto OnList(const CListCtrl& list, FUNCTION fnList) {
-    return OnWidget<CListViewWidget>(list, [&](CListViewWidget& widget) {
+    const auto result = OnWidget<CListViewWidget>(list, [&](CListViewWidget& widget) {
         const CPeer::CEventScope scope;
         return fnList(widget);
     });
+    SettleOwnQuestions(list.GetSafeHwnd()); // the notices of a change come before its end
+    return result;
 }
 
 } // namespace
@@ -273,7 +297,18 @@ BOOL CListCtrl::SetItemText(int nItem, int nSubItem, const char* pszText) {
 }
 
 CString CListCtrl::GetItemText(int nItem, int nSubItem) const {
-    return OnList(*this, [&](CListViewWidget& list) { return list.GetModel().GetText(nItem, nSubItem); });
+    const auto held = OnList(*this, [&](CListViewWidget& list) {
+        tessara::CListModel& model = list.GetModel();
+        const bool bHeld = model.HoldsRows() || nItem < 0 || nItem >= model.rowCount() || nSubItem < 0;
+        return bHeld ? std::optional(model.GetText(nItem, nSubItem)) : std::nullopt;
+    });
+    CString strText = held.value_or(CString());
+    const auto record = tessara::FindWindow(m_hWnd);
+    const auto parent = record ? tessara::FindWindow(record->hParent) : std::nullopt;
+    if (!held && parent) {
+        parent->pOwner->Call([&] { strText = tessara::FindCellText(m_hWnd, nItem, nSubItem); });
+    }
+    return strText;
 }
 
 std::uintptr_t CListCtrl::GetItemData(int nItem) const {

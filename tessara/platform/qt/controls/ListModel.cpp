@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "tessara/platform/qt/windows/Questions.h"
 #include "tessara/platform/ui/controls/ListCtrl.h"
 
 namespace tessara {
@@ -19,7 +20,9 @@ int CListModel::columnCount(const QModelIndex& parent) const {
 
 QVariant CListModel::data(const QModelIndex& index, int nRole) const {
     if (nRole == Qt::DisplayRole) {
-        return ToQString(GetText(index.row(), index.column()).View());
+        const CCell cell(index.row(), index.column());
+        const CString strText = m_bOwnerData ? AskText(cell) : GetText(cell.first, cell.second);
+        return ToQString(strText.View());
     }
     if (nRole == Qt::TextAlignmentRole) {
         const Qt::Alignment alignment = m_columns[static_cast<std::size_t>(index.column())].alignment;
@@ -104,6 +107,7 @@ void CListModel::Clear() {
     beginResetModel();
     m_rows.clear();
     m_nRows = 0;
+    m_answers.Clear();
     endResetModel();
 }
 
@@ -121,27 +125,57 @@ bool CListModel::SetText(int nRow, int nColumn, const CString& strText) {
 }
 
 CString CListModel::GetText(int nRow, int nColumn) const {
-    if (!HasRow(nRow) || nColumn < 0) {
+    if (m_bOwnerData || !HasRow(nRow) || nColumn < 0) {
         return {};
-    }
-    if (m_bOwnerData) {
-        return AskText(nRow, nColumn);
     }
     const auto& texts = m_rows[static_cast<std::size_t>(nRow)].texts;
     return static_cast<std::size_t>(nColumn) < texts.size() ? texts[static_cast<std::size_t>(nColumn)]
                                                             : CString();
 }
 
-CString CListModel::AskText(int nRow, int nColumn) const {
+CString FindCellText(HWND hTable, int nRow, int nColumn) {
     constexpr int MAX_TEXT = 512;
     char szText[MAX_TEXT] = "";
     NMLVDISPINFO question{};
     question.item = {LVIF_TEXT, nRow, nColumn, 0, 0, szText, MAX_TEXT};
-    if (m_pPeer) {
-        m_pPeer->NotifyWith(question.hdr, LVN_GETDISPINFO);
-    }
+    SendNotice(hTable, question.hdr, LVN_GETDISPINFO);
     szText[MAX_TEXT - 1] = '\0';
     return CString(question.item.pszText);
+}
+
+CString CListModel::AskText(const CCell& cell) const {
+    const auto record = m_pPeer ? FindWindow(m_pPeer->GetHandle()) : std::nullopt;
+    const auto parent = record ? FindWindow(record->hParent) : std::nullopt;
+    if (!parent || !parent->pOwner->IsOfThisThread()) {
+        return parent ? Recall(cell) : CString();
+    }
+    return FindCellText(m_pPeer->GetHandle(), cell.first, cell.second);
+}
+
+/// The last text of a cell; asks for those that are to be shown.
+CString CListModel::Recall(const CCell& cell) const {
+    const auto* const pKnown = m_answers.Find(cell, {});
+    const CString strText = pKnown ? pKnown->second : CString();
+    if (!m_answers.Wants()) {
+        return strText;
+    }
+    auto* const pModel = const_cast<CListModel*>(this); // its answers come later
+    m_pPeer->AskParent(EQuestion::lines, [pModel, hTable = m_pPeer->GetHandle()]() -> CAnswer {
+        const auto wanted = OnPeer(hTable, [pModel](CPeer&) { return pModel->m_answers.Take(); });
+        std::vector<CString> texts;
+        for (const CAnswers::CWanted& one : wanted) {
+            texts.push_back(FindCellText(hTable, one.key.first, one.key.second));
+        }
+        return [pModel, wanted, texts] {
+            for (std::size_t i = 0; i < wanted.size(); ++i) {
+                const QModelIndex index = pModel->index(wanted[i].key.first, wanted[i].key.second);
+                if (pModel->m_answers.Keep(wanted[i], texts[i]) && index.isValid()) {
+                    Q_EMIT pModel->dataChanged(index, index, {Qt::DisplayRole});
+                }
+            }
+        };
+    });
+    return strText;
 }
 
 std::uintptr_t* CListModel::FindData(int nRow) {
@@ -151,6 +185,7 @@ std::uintptr_t* CListModel::FindData(int nRow) {
 void CListModel::SetRowCount(int nRows) {
     beginResetModel();
     m_nRows = nRows;
+    m_answers.Outdate();
     endResetModel();
 }
 

@@ -2,17 +2,20 @@
 
 #include <QAbstractTableModel>
 #include <functional>
+#include <variant>
 #include <vector>
 
+#include "tessara/platform/qt/controls/LastAnswers.h"
 #include "tessara/platform/qt/windows/Peer.h"
 
 namespace tessara {
 
 /// The texts of a report view: rows that it holds, or a number of rows whose texts the parent is asked for.
+/// A parent of another thread is asked by a post; until it has answered a cell shows its last text, or none.
 class CListModel : public QAbstractTableModel {
 public:
     /// A model that holds no rows asks through this peer.
-    explicit CListModel(bool bOwnerData) : m_bOwnerData(bOwnerData) {}
+    explicit CListModel(bool bOwnerData) : m_bOwnerData(bOwnerData), m_answers(MAX_CELLS) {}
     void SetPeer(CPeer* pPeer) { m_pPeer = pPeer; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -28,9 +31,13 @@ public:
     void RemoveRow(int nRow);
     void Clear();
     bool SetText(int nRow, int nColumn, const CString& strText);
+    /// Of a row that is held here.
     CString GetText(int nRow, int nColumn) const;
     std::uintptr_t* FindData(int nRow);
     void SetRowCount(int nRows); ///< when rows are not held here
+    void BeginPaint() { m_answers.BeginPaint(); }
+    /// The parent's rows have changed.
+    void Outdate() { m_answers.Outdate(); }
 
     /// Whether rows that are held here have check boxes, in the first column.
     void SetCheckable(bool bCheckable) { m_bCheckable = bCheckable && !m_bOwnerData; }
@@ -55,7 +62,12 @@ private:
         std::uintptr_t nData = 0;
         bool bChecked = false;
     };
-    CString AskText(int nRow, int nColumn) const;
+    using CCell = std::pair<int, int>;
+    using CAnswers = CLastAnswers<CCell, std::monostate, CString>;
+    static constexpr int MAX_CELLS = 16384; ///< more than any screen shows
+
+    CString AskText(const CCell& cell) const;
+    CString Recall(const CCell& cell) const;
     bool HasRow(int nRow) const { return nRow >= 0 && nRow < rowCount(); }
 
     bool m_bOwnerData;
@@ -65,6 +77,10 @@ private:
     std::vector<CColumn> m_columns;
     std::vector<CRow> m_rows;
     int m_nRows = 0; ///< of the owner
+    mutable CAnswers m_answers;
 };
+
+/// The text of a cell as the parent of a table has it, on the parent's thread.
+CString FindCellText(HWND hTable, int nRow, int nColumn);
 
 } // namespace tessara

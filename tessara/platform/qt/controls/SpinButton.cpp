@@ -99,16 +99,23 @@ bool CSpinWidget::eventFilter(QObject*, QEvent* pEvent) {
 
 void CSpinWidget::Step(int nSign) {
     const CPeer::CEventScope scope;
-    const auto record = m_pPeer ? FindWindow(m_pPeer->GetHandle()) : std::nullopt;
-    if (!record) {
+    if (!m_pPeer) {
         return;
     }
-    const int nFrom = GetPosition();
-    NMUPDOWN notice{{}, nFrom, m_nLower <= m_nUpper ? nSign : -nSign};
-    if (m_pPeer->NotifyWith(notice.hdr, UDN_DELTAPOS) != 0) {
-        return;
-    }
-    const std::int64_t nTo = std::int64_t{nFrom} + notice.iDelta;
+    m_pPeer->AskParent(EQuestion::notice, [this, hSpin = m_pPeer->GetHandle(), nSign]() -> CAnswer {
+        NMUPDOWN notice = OnPeer(hSpin, [&](CPeer&) {
+            return NMUPDOWN{{}, GetPosition(), m_nLower <= m_nUpper ? nSign : -nSign};
+        });
+        if (SendNotice(hSpin, notice.hdr, UDN_DELTAPOS) != 0) {
+            return nullptr;
+        }
+        return [this, notice] { Move(notice.iPos, notice.iDelta); };
+    });
+}
+
+void CSpinWidget::Move(int nFrom, int nDelta) {
+    const auto record = FindWindow(m_pPeer->GetHandle());
+    const std::int64_t nTo = std::int64_t{nFrom} + nDelta;
     const bool bBeyond = nTo < std::min(m_nLower, m_nUpper) || nTo > std::max(m_nLower, m_nUpper);
     const bool bUp = nTo > nFrom;
     const int nEnd =

@@ -26,7 +26,9 @@ public:
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
 
 private:
+    /// Moves by one, unless the parent forbids it.
     void Step(int nSign);
+    void Move(int nFrom, int nDelta);
     int Hold(int nPosition) const;
 
     DWORD m_dwStyle;

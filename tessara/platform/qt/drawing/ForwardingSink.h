@@ -3,12 +3,10 @@
 #include <functional>
 
 #include "tessara/platform/gdi/DrawSink.h"
-#include "tessara/platform/ui/threads/Mailbox.h"
 
 namespace tessara {
 
-/// Passes every operation on to another sink, on the main thread, where fonts and images live. From any
-/// thread.
+/// Passes every operation on to another sink, on the thread where that is. From any thread.
 class CForwardingSink : public CDrawSink {
 public:
     CDeviceCaps GetCaps() const override {
@@ -32,13 +30,8 @@ public:
 protected:
     using CCall = std::function<void(CDrawSink&)>;
 
-    /// Calls the function with the sink behind this one, on the main thread; not at all when that has gone.
-    virtual void Target(const CCall& fnCall, bool bDraws) const = 0;
-
-private:
-    void Forward(const CCall& fnCall, bool bDraws) const {
-        OnMainThread([&] { Target(fnCall, bDraws); });
-    }
+    /// Calls the function with the sink behind this one; not at all when that has gone.
+    virtual void Forward(const CCall& fnCall, bool bDraws) const = 0;
 };
 
 } // namespace tessara

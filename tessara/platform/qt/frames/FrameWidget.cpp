@@ -104,7 +104,7 @@ CPeer* MakeFramePeer(const CWindowDescription& description, QWidget* pParent) {
 CPeer* MakeViewPeer(const CWindowDescription& description, QWidget* pParent) {
     CPeer* const pPeer = MakePlainPeer(description, pParent);
     pPeer->GetWidget().setFocusPolicy(Qt::StrongFocus);
-    pPeer->SetGround(Qt::white); // paper, whatever the desktop's colours
+    pPeer->GetImage().SetGround(Qt::white); // paper, whatever the desktop's colours
     return pPeer;
 }
 

@@ -4,7 +4,6 @@
 #include <QHash>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QPointer>
 #include <cmath>
 #include <utility>
@@ -90,7 +89,8 @@ UINT MouseMessage(QEvent::Type eType, Qt::MouseButton eButton) {
 int CPeer::CEventScope::s_nDepth = 0;
 
 CPeer::CPeer(const CWindowDescription& description, QWidget* pWidget, QWidget* pClient)
-    : QObject(pWidget), m_hWnd(description.hWnd), m_pWidget(pWidget), m_pClient(pClient ? pClient : pWidget) {
+    : QObject(pWidget), m_hWnd(description.hWnd), m_pWidget(pWidget), m_pClient(pClient ? pClient : pWidget),
+      m_image(*this), m_questions(description.hWnd) {
     Peers().insert(m_pWidget, this);
     m_pWidget->installEventFilter(this);
     if (m_pClient != m_pWidget) {
@@ -139,72 +139,39 @@ void CPeer::Notify(UINT nCode) {
     }
 }
 
-LRESULT CPeer::NotifyWith(NMHDR& header, UINT nCode) {
+void CPeer::Ask(HWND hAsked, EQuestion eKind, CQuestion question) {
+    const auto record = FindWindow(hAsked);
+    if (!record) {
+        return;
+    }
+    if (!record->pOwner->IsOfThisThread()) {
+        m_questions.Post(hAsked, eKind, std::move(question));
+        return;
+    }
+    const HWND hWnd = m_hWnd;
+    const CAnswer answer = question();
+    if (answer && FindWindow(hWnd)) { // the handler may have destroyed it
+        answer();
+    }
+}
+
+void CPeer::AskParent(EQuestion eKind, CQuestion question) {
     const auto record = FindWindow(m_hWnd);
-    if (!record || !record->hParent) {
-        return 0;
+    if (record && record->hParent) {
+        Ask(record->hParent, eKind, std::move(question));
     }
-    header = {m_hWnd, record->nID, nCode};
-    return Ask(record->hParent, WM_NOTIFY, record->nID, reinterpret_cast<LPARAM>(&header)).lResult;
-}
-
-QSize CPeer::GetPixelSize() const {
-    const double dRatio = GetRatio();
-    return {static_cast<int>(std::lround(m_pClient->width() * dRatio)),
-            static_cast<int>(std::lround(m_pClient->height() * dRatio))};
-}
-
-CWindowSurface& CPeer::GetSurface() {
-    if (!m_pSurface || m_pSurface->GetSize() != GetPixelSize()) {
-        m_pSurface = std::make_unique<CWindowSurface>(GetPixelSize(), m_pWidget->logicalDpiY() * GetRatio());
-        m_pSurface->Fill(GetGround());
-    }
-    return *m_pSurface;
-}
-
-QColor CPeer::GetGround() const {
-    return m_ground.value_or(m_pClient->palette().color(m_pClient->backgroundRole()));
-}
-
-void CPeer::ShowDrawing() {
-    m_bProgramPaints = true;
-    m_pClient->update();
 }
 
 void CPeer::Invalidate(bool bErase) {
-    m_bInvalid = true;
-    m_bErase |= bErase;
+    m_image.Outdate(bErase);
     m_pClient->update();
 }
 
 void CPeer::PaintNow() {
-    if (m_bInvalid && m_pClient->isVisible()) {
-        PaintImage();
+    if (m_image.IsOutOfDate() && m_pClient->isVisible()) {
+        m_image.Update();
         m_pClient->update();
     }
-}
-
-void CPeer::PaintImage() {
-    if (m_bPainting || !std::exchange(m_bInvalid, false)) {
-        return;
-    }
-    m_bPainting = true;
-    if (std::exchange(m_bErase, false) && m_pSurface) {
-        m_pSurface->Fill(GetGround());
-    }
-    // An object of the layer's own paints nothing: no other thread needs to be asked.
-    m_bProgramPaints = HasOwnObject(m_hWnd) && Ask(m_hWnd, WM_PAINT).bHandled;
-    m_bPainting = false;
-}
-
-bool CPeer::OnPaint() {
-    PaintImage();
-    if (!m_bProgramPaints || !m_pSurface) {
-        return false;
-    }
-    QPainter painter(m_pClient);
-    painter.drawImage(QRectF(m_pClient->rect()), m_pSurface->GetImage());
-    return true;
 }
 
 bool CPeer::OnMouseMessage(UINT nMessage, const QMouseEvent& event) {
@@ -220,7 +187,7 @@ bool CPeer::OnMouseMessage(UINT nMessage, const QMouseEvent& event) {
     }
     if (m_pointer) {
         m_pClient->setCursor(*m_pointer);
-    } else if (!bShaped && m_pClient->testAttribute(Qt::WA_SetCursor) && m_bProgramPaints) {
+    } else if (!bShaped && m_pClient->testAttribute(Qt::WA_SetCursor) && m_image.IsShown()) {
         m_pClient->unsetCursor();
     }
     return reply.bHandled;
@@ -275,9 +242,8 @@ bool CPeer::OnKey(const QKeyEvent& event, bool bDown) {
 }
 
 void CPeer::OnResize() {
-    m_bInvalid = true;
-    m_bErase = true;
-    const QSize pixels = GetPixelSize();
+    m_image.Outdate(true);
+    const QSize pixels = m_image.GetPixelSize();
     const UINT nType = m_pWidget->isMaximized() ? SIZE_MAXIMIZED : SIZE_RESTORED;
     Tell(m_hWnd, WM_SIZE, nType, MAKELPARAM(pixels.width(), pixels.height()));
 }
@@ -299,7 +265,7 @@ bool CPeer::OnChange(QEvent& event) {
         break;
     case QEvent::PaletteChange:
         Tell(m_hWnd, WM_SYSCOLORCHANGE);
-        m_bInvalid = m_bErase = true;
+        m_image.Outdate(true);
         break;
     default:
         break;
@@ -361,7 +327,7 @@ bool CPeer::eventFilter(QObject* pWatched, QEvent* pEvent) {
         return pWatched == m_pWidget &&
                OnKey(static_cast<const QKeyEvent&>(*pEvent), pEvent->type() == QEvent::KeyPress);
     case QEvent::Paint:
-        return bClient && OnPaint();
+        return bClient && m_image.Paint();
     case QEvent::Resize:
         if (bClient) {
             OnResize();

@@ -5,7 +5,8 @@
 #include <memory>
 #include <optional>
 
-#include "tessara/platform/qt/windows/WindowSurface.h"
+#include "tessara/platform/qt/windows/BackingImage.h"
+#include "tessara/platform/qt/windows/Questions.h"
 #include "tessara/platform/ui/windows/PeerSeam.h"
 #include "tessara/platform/ui/windows/WindowTable.h"
 #include "tessara/platform/ui/windows/Wnd.h"
@@ -36,22 +37,28 @@ public:
 
     /// Tells the parent of a notification of this control.
     void Notify(UINT nCode);
-    /// The same as WM_NOTIFY with a header of the control's kind; the handler's answer.
-    LRESULT NotifyWith(NMHDR& header, UINT nCode);
+    /// The same as WM_NOTIFY with a notice of the control's kind, which begins with an NMHDR hdr.
+    template <class NOTICE>
+    void NotifyWith(NOTICE notice, UINT nCode) {
+        AskParent(EQuestion::notice, [hWnd = m_hWnd, notice, nCode]() mutable -> CAnswer {
+            SendNotice(hWnd, notice.hdr, nCode);
+            return nullptr;
+        });
+    }
 
-    /// The image to draw on, made when it is first asked for.
-    CWindowSurface& GetSurface();
-    /// Shows what was drawn at the next turn of the event loop.
-    void ShowDrawing();
+    /// Asks a window something: at once where it belongs to the main thread, else by a post.
+    void Ask(HWND hAsked, EQuestion eKind, CQuestion question);
+    /// Asks the parent, if there is one.
+    void AskParent(EQuestion eKind, CQuestion question);
+    CQuestions& GetQuestions() { return m_questions; }
+
+    CBackingImage& GetImage() { return m_image; }
     virtual void Invalidate(bool bErase);
     void PaintNow();
 
     /// The font that the program gave the window, if it did.
     const std::optional<LOGFONT>& GetFont() const { return m_font; }
     void SetFont(const std::optional<LOGFONT>& font) { m_font = font; }
-
-    /// The colour of the ground that a fresh image has. DEFAULT: that of the widget's palette.
-    void SetGround(QColor color) { m_ground = color; }
 
     /// The modifiers of the key event that is being handled, or of the keyboard.
     static Qt::KeyboardModifiers KeyModifiers();
@@ -81,39 +88,34 @@ private:
     bool OnKey(const class QKeyEvent& event, bool bDown);
     /// Whether a key event is one that a child with the focus left to the widgets around it.
     bool CameFromChild() const;
-    bool OnPaint();
     bool OnChange(QEvent& event);
     void OnResize();
     bool OnWindowEvent(QEvent& event);
-    /// Makes a fresh image when the window is invalid.
-    void PaintImage();
-    QSize GetPixelSize() const;
-    QColor GetGround() const;
-
     HWND m_hWnd;
     QWidget* m_pWidget;
     QWidget* m_pClient;
-    std::unique_ptr<CWindowSurface> m_pSurface;
     std::optional<QCursor> m_pointer;
-    std::optional<QColor> m_ground;
     std::optional<LOGFONT> m_font;
-    bool m_bInvalid = true;
-    bool m_bErase = true;
-    bool m_bPainting = false;
-    bool m_bProgramPaints = false; ///< the last WM_PAINT was handled, so the image is what the window shows
+    CBackingImage m_image;
+    CQuestions m_questions;
 };
 
 /// Runs a function on the peer of a window, on the main thread; a default result without window.
 template <class FUNCTION>
-auto OnPeer(const CWnd& wnd, FUNCTION fnPeer) {
+auto OnPeer(HWND hWnd, FUNCTION fnPeer) {
     using Result = decltype(fnPeer(std::declval<CPeer&>()));
     return OnMainThread([&]() -> Result {
-        CPeer* const pPeer = CPeer::Find(wnd.GetSafeHwnd());
+        CPeer* const pPeer = CPeer::Find(hWnd);
         if (pPeer) {
             return fnPeer(*pPeer);
         }
         return Result();
     });
+}
+
+template <class FUNCTION>
+auto OnPeer(const CWnd& wnd, FUNCTION fnPeer) {
+    return OnPeer(wnd.GetSafeHwnd(), fnPeer);
 }
 
 /// The same with the widget, which must be of that class.

@@ -295,4 +295,5 @@ void CWnd::UpdateWindow() {
         const CPeer::CEventScope scope;
         peer.PaintNow();
     });
+    tessara::SettleQuestions(m_hWnd); // a window of another thread was asked to
 }

@@ -1,6 +1,7 @@
 #include "tessara/platform/ui/threads/Dispatch.h"
 
 #include "tessara/platform/ui/threads/WinThread.h"
+#include "tessara/platform/ui/windows/PeerSeam.h"
 #include "tessara/platform/ui/windows/WindowTable.h"
 #include "tessara/platform/ui/windows/WndAccess.h"
 
@@ -67,16 +68,11 @@ CReply Tell(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) {
     return {};
 }
 
-CReply Ask(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) {
-    const auto record = FindWindow(hWnd);
-    CReply reply;
-    if (record) {
-        record->pOwner->Call([&] { reply = CallGuarded({hWnd, nMessage, wParam, lParam}); });
-    }
-    return reply;
-}
-
 void DispatchPosted(const MSG& message) {
+    if (message.message == WM_PEER_QUESTION) {
+        AnswerQuestion(reinterpret_cast<HWND>(message.wParam), message.lParam);
+        return;
+    }
     if (message.hwnd) {
         CallGuarded(message);
         return;

@@ -22,8 +22,9 @@ CReply CallWindow(HWND hWnd, UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0
 /// not handled. Exceptions go to the thread's ProcessWndProcException. Called by peers.
 CReply Tell(HWND hWnd, UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0);
 
-/// The same for what needs an answer: another thread is called and waited for.
-CReply Ask(HWND hWnd, UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0);
+/// Posted to a window by the peer of a window (the first word) that has a question (its number). Beyond the
+/// messages that programs have.
+constexpr UINT WM_PEER_QUESTION = 0x10000;
 
 /// Handles a message taken from the calling thread's mailbox.
 void DispatchPosted(const MSG& message);

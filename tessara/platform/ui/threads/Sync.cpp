@@ -113,7 +113,12 @@ DWORD WaitForSingleObject(HANDLE hObject, DWORD nMilliseconds) {
         }
         return nResult != WAIT_TIMEOUT;
     };
-    tessara::CMailbox::OfThisThread()->WaitUntil(fnEnded, tessara::DeadlineIn(nMilliseconds));
+    if (nMilliseconds == 0) { // a question, not a wait: nothing else happens meanwhile
+        const std::lock_guard lock(tessara::SharedLock());
+        fnEnded();
+    } else {
+        tessara::CMailbox::OfThisThread()->WaitUntil(fnEnded, tessara::DeadlineIn(nMilliseconds));
+    }
     return nResult;
 }
 

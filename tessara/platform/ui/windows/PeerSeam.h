@@ -34,6 +34,14 @@ bool MakePeer(const CWindowDescription& description);
 /// thread.
 void DestroyPeer(HWND hWnd);
 
+/// Answers a question that a peer has posted to a window of the calling thread (WM_PEER_QUESTION).
+void AnswerQuestion(HWND hAsker, LPARAM nQuestion);
+/// Has the questions answered that a window's peer has posted, and waits for that; false when there are none.
+/// For what a program asks for itself, on any thread: what peers do waits for nobody.
+bool SettleQuestions(HWND hWnd);
+/// The same for the thread that owns the window, if that is another than the main thread; others go on.
+void SettleOwnQuestions(HWND hWnd);
+
 /// A sink on a window's backing image, for any thread. Draws nothing when the window has gone.
 std::unique_ptr<CDrawSink> MakeWindowSink(HWND hWnd);
 

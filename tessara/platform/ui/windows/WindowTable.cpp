@@ -76,6 +76,12 @@ bool MayBeMade(const CWindowRecord& record) {
 
 } // namespace
 
+void SetObject(CWindowRecord& record, CWnd* pWnd, const AFX_MSGMAP* pMap) {
+    record.pWnd = pWnd;
+    record.bPaints = HasHandler(pMap, {WM_PAINT, 0, 0});
+    record.bColors = HasHandler(pMap, {WM_CTLCOLOR, 0, 0});
+}
+
 HWND AddWindow(const CWindowRecord& record) {
     const std::lock_guard lock(SharedLock());
     if (!MayBeMade(record)) {

@@ -8,6 +8,7 @@
 #include "tessara/platform/ui/windows/WindowTypes.h"
 
 class CWnd;
+struct AFX_MSGMAP;
 
 namespace tessara {
 
@@ -23,10 +24,15 @@ struct CWindowRecord {
     DWORD dwStyle = 0;
     std::uint64_t nEnd = 0;  ///< the end that the window belongs to, or 0
     bool bTakenAway = false; ///< its children go; nothing is made under it any more
+    bool bPaints = false; ///< its object's message map has a handler for WM_PAINT
+    bool bColors = false; ///< and for WM_CTLCOLOR
 };
 
 // The table of windows. Records are copied under the shared lock, so any thread may ask.
 
+/// Makes an object a window's, with what its message map handles. The map is asked here, on the object's
+/// thread: peers only read what was found.
+void SetObject(CWindowRecord& record, CWnd* pWnd, const AFX_MSGMAP* pMap);
 /// A new handle for a record; null when its parent has gone or is being taken away, when a child has none, or
 /// when its thread makes no windows any more.
 HWND AddWindow(const CWindowRecord& record);

@@ -47,8 +47,10 @@ BOOL CWnd::CreateUnder(HWND hParent, DWORD dwExStyle, const char* pszClassName, 
         dwStyle, dwExStyle};
     HWND hWnd = nullptr;
     if (PreCreateWindow(create) && (tessara::FindWindow(create.hwndParent) || tessara::CanMakeWindows())) {
-        hWnd = tessara::AddWindow(
-            {this, nullptr, tessara::CMailbox::OfThisThread(), create.hwndParent, nID, create.style});
+        tessara::CWindowRecord made{nullptr,           nullptr, tessara::CMailbox::OfThisThread(),
+                                    create.hwndParent, nID,     create.style};
+        tessara::SetObject(made, this, GetMessageMap());
+        hWnd = tessara::AddWindow(made);
     }
     if (!hWnd) {
         PostNcDestroy();
@@ -99,8 +101,10 @@ BOOL CWnd::DestroyWindow() {
 }
 
 BOOL CWnd::SubclassWindow(HWND hWnd) {
-    const bool bFound = !m_hWnd && tessara::ChangeWindow(
-                                       hWnd, [this](tessara::CWindowRecord& record) { record.pWnd = this; });
+    const AFX_MSGMAP* const pMap = GetMessageMap();
+    const bool bFound = !m_hWnd && tessara::ChangeWindow(hWnd, [&](tessara::CWindowRecord& record) {
+        tessara::SetObject(record, this, pMap);
+    });
     if (bFound) {
         m_hWnd = hWnd;
         PreSubclassWindow();
