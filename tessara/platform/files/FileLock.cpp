@@ -6,6 +6,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
+#include <utility>
 
 #include "tessara/platform/base/Exception.h"
 
@@ -17,7 +18,7 @@ using namespace std::chrono_literals;
 
 constexpr auto MAX_WAIT = 10s;
 constexpr auto FIRST_PAUSE = 200us; ///< a change of a small file takes a few milliseconds
-constexpr auto MAX_PAUSE = 5ms;
+constexpr auto MAX_PAUSE = 2ms;
 
 std::string LockPath(const std::string& strPath) {
     const std::size_t nName = strPath.rfind('/') + 1; // 0 where there is no slash
@@ -46,10 +47,13 @@ bool IsNamed(int nFile, const char* pszPath) {
 } // namespace
 
 CFileLock::CFileLock(const std::string& strPath) : m_strLock(LockPath(strPath)) {
-    const auto deadline = std::chrono::steady_clock::now() + MAX_WAIT;
+    auto deadline = std::chrono::steady_clock::now() + MAX_WAIT;
     for (std::chrono::microseconds pause = FIRST_PAUSE; !TryLock();
          pause = std::min<std::chrono::microseconds>(pause * 2, MAX_PAUSE)) {
-        if (std::chrono::steady_clock::now() > deadline) {
+        const auto now = std::chrono::steady_clock::now();
+        if (IsHolderNew()) {
+            deadline = now + MAX_WAIT;
+        } else if (now > deadline) {
             AfxThrowFileException(CFileException::lockViolation, EWOULDBLOCK, strPath.c_str());
         }
         std::this_thread::sleep_for(pause);
@@ -70,6 +74,17 @@ bool CFileLock::TryLock() {
     }
     m_descriptor = std::move(file);
     return true;
+}
+
+/// Whether another has the right than at the last attempt: each makes a lock file of its own.
+bool CFileLock::IsHolderNew() {
+    struct stat holder = {};
+    if (lstat(m_strLock.c_str(), &holder) != 0) {
+        return true;
+    }
+    const struct stat last = std::exchange(m_holder, holder);
+    return last.st_ino != holder.st_ino || last.st_ctim.tv_sec != holder.st_ctim.tv_sec ||
+           last.st_ctim.tv_nsec != holder.st_ctim.tv_nsec;
 }
 
 /// Removed while it is held: who has opened it by then finds out by IsNamed.

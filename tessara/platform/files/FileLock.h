@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <sys/stat.h>
 
 #include "tessara/platform/files/Descriptor.h"
 
@@ -24,9 +25,11 @@ public:
 
 private:
     bool TryLock();
+    bool IsHolderNew();
 
     std::string m_strLock;
     CDescriptor m_descriptor;
+    struct stat m_holder = {}; ///< the lock file of the last attempt
 };
 
 } // namespace tessara

@@ -86,33 +86,40 @@ std::string_view Trimmed(std::string_view str) {
                                             : str.substr(nFirst, str.find_last_not_of(BLANKS) - nFirst + 1);
 }
 
-std::optional<CIniText::PLACE> CIniText::FindValue(std::string_view strSection,
-                                                   std::string_view strName) const {
+CIniText::FOUND CIniText::Look(std::string_view strSection, std::string_view strName) const {
+    FOUND found;
     for (CIniWalk walk(m_syntax, m_strBytes); walk.Next();) {
         if (!walk.IsIn(strSection)) {
             continue;
         }
-        if (const auto entry = walk.Entry(); entry && IsSameName(entry->strName, strName)) {
-            return PLACE{walk.PositionOf(entry->strValue), entry->strValue.size()};
+        const auto entry = walk.Entry();
+        if (entry && IsSameName(entry->strName, strName)) {
+            found.value = PLACE{walk.PositionOf(entry->strValue), entry->strValue.size()};
+            return found;
+        }
+        if (entry || walk.IsHeader()) {
+            found.end = walk.GetNext();
         }
     }
-    return std::nullopt;
+    return found;
 }
 
 std::optional<std::string> CIniText::Find(std::string_view strSection, std::string_view strName) const {
-    const auto place = FindValue(strSection, strName);
+    const auto place = Look(strSection, strName).value;
     return place ? std::optional(m_strBytes.substr(place->nPosition, place->nLength)) : std::nullopt;
 }
 
 void CIniText::Set(std::string_view strSection, std::string_view strName, std::string_view strValue) {
-    if (const auto place = FindValue(strSection, strName)) {
-        m_strBytes.replace(place->nPosition, place->nLength, strValue);
+    const FOUND found = Look(strSection, strName);
+    if (found.value) {
+        m_strBytes.replace(found.value->nPosition, found.value->nLength, strValue);
         return;
     }
-    if (!EndOf(strSection)) {
+    if (!found.end) {
         AddSection(strSection);
     }
-    InsertLine(*EndOf(strSection), m_syntax.WriteName(strName) + "=" + std::string(strValue));
+    InsertLine(found.end.value_or(m_strBytes.size()),
+               m_syntax.WriteName(strName) + "=" + std::string(strValue));
 }
 
 bool CIniText::Remove(std::string_view strSection, std::string_view strName) {
@@ -171,18 +178,6 @@ std::vector<std::string> CIniText::Entries(std::string_view strSection) const {
         }
     }
     return names.Take();
-}
-
-/// Where a line of the section can be added: after its last header or entry, so that what is said above the
-/// next section stays there.
-std::optional<std::size_t> CIniText::EndOf(std::string_view strSection) const {
-    std::optional<std::size_t> end;
-    for (CIniWalk walk(m_syntax, m_strBytes); walk.Next();) {
-        if (walk.IsIn(strSection) && (walk.IsHeader() || walk.Entry())) {
-            end = walk.GetNext();
-        }
-    }
-    return end;
 }
 
 void CIniText::InsertLine(std::size_t nPosition, const std::string& strLine) {

@@ -68,8 +68,15 @@ private:
         std::size_t nLength;
     };
 
-    std::optional<PLACE> FindValue(std::string_view strSection, std::string_view strName) const;
-    std::optional<std::size_t> EndOf(std::string_view strSection) const;
+    struct FOUND {
+        std::optional<PLACE> value;
+        /// Where a line can be added: after the section's last header or entry, so that what is said above
+        /// the next section stays there.
+        std::optional<std::size_t> end;
+    };
+
+    /// Ends with the value, where there is one.
+    FOUND Look(std::string_view strSection, std::string_view strName) const;
     void InsertLine(std::size_t nPosition, const std::string& strLine);
     bool IsLastLineBlank() const;
     std::string_view LineEnd() const;
