@@ -131,7 +131,7 @@ TEST_F(StdioFile, ALineOfAPipeIsThereBeforeThePipeEnds) {
 
 TEST_F(StdioFile, RandomBytesReadAsAPlainModelSays) {
     std::mt19937 random(7);
-    for (int nRound = 0; nRound < 2000; ++nRound) {
+    for (int nRound = 0; nRound < 500; ++nRound) {
         std::string strBytes;
         for (auto n = random() % 40; n > 0; --n) {
             strBytes += "\r\n\rab\0\xEF"[random() % 7];
