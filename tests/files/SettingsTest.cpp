@@ -47,7 +47,7 @@ Left=-12
 
 TEST(OldSettings, AreReadAsQtWroteThem) {
     std::vector<std::string> read;
-    for (const auto& old : tessara::OldSettings::Read(OLD_FILE)) {
+    for (const auto& old : tessara::ReadOldSettings(OLD_FILE)) {
         read.push_back(old.strSection + "|" + old.strName + "|" + old.strValue);
     }
     EXPECT_THAT(read, ElementsAre("|top|root value", "General|Empty|",
@@ -88,7 +88,7 @@ TEST(OldSettings, OfDamagedFilesAreReadAsFarAsTheyGo) {
                                                          {"a=\" \"b  ,c", "a| b, c"}};
     for (const auto& [strLine, strExpected] : lines) {
         std::string strRead;
-        for (const auto& old : tessara::OldSettings::Read(strLine)) {
+        for (const auto& old : tessara::ReadOldSettings(strLine)) {
             strRead += old.strName + "|" + old.strValue;
         }
         EXPECT_EQ(strRead, strExpected) << strLine;

@@ -15,12 +15,12 @@
 
 using tessara::CSettingsText;
 using tessara::CSharedFile;
+using tessara::ReadSettings;
 using tessara::SETTING;
+using tessara::UpdateSettings;
 using testing::ElementsAre;
 
 namespace {
-
-namespace SettingsStore = tessara::SettingsStore;
 
 class SharedFile : public CSettingsFolder {
 protected:
@@ -87,7 +87,7 @@ TEST_F(SharedFile, ALockFileThatWasLeftOrIsAnothersIsNoObstacle) {
 /// Writes keys of one's own and says so after each.
 void WriteKeys(int nWriter, unsigned nKeys, int nSay = -1) {
     for (unsigned i = 0; i < nKeys; ++i) {
-        SettingsStore::Update("Stress", [&](CSettingsText& text, std::string_view) {
+        UpdateSettings("Stress", [&](CSettingsText& text, std::string_view) {
             text.Write("", "Writer " + std::to_string(nWriter) + " key " + std::to_string(i), i);
         });
         if (nSay >= 0 && write(nSay, ".", 1) != 1) {
@@ -99,7 +99,7 @@ void WriteKeys(int nWriter, unsigned nKeys, int nSay = -1) {
 /// How many of a writer's first keys are there.
 unsigned KeysOf(int nWriter, unsigned nKeys) {
     unsigned nFound = 0;
-    SettingsStore::Read("Stress", [&](const CSettingsText& text, std::string_view) {
+    ReadSettings("Stress", [&](const CSettingsText& text, std::string_view) {
         for (unsigned i = 0; i < nKeys; ++i) {
             const auto strName = "Writer " + std::to_string(nWriter) + " key " + std::to_string(i);
             nFound += text.Read("", strName) == SETTING(i);
@@ -132,8 +132,8 @@ TEST_F(SharedFile, ProcessesAndThreadsThatWriteAtOnceLoseNothing) {
         EXPECT_EQ(nStatus, 0);
     }
     std::size_t nNames = 0;
-    SettingsStore::Read(
-        "Stress", [&](const CSettingsText& text, std::string_view) { nNames = text.ValueNames("").size(); });
+    ReadSettings("Stress",
+                 [&](const CSettingsText& text, std::string_view) { nNames = text.ValueNames("").size(); });
     EXPECT_EQ(nNames, PROCESSES * nKeys + 12);
     EXPECT_EQ(KeysOf(0, nKeys), nKeys);
     EXPECT_EQ(KeysOf(PROCESSES - 1, nKeys), nKeys);
@@ -165,7 +165,7 @@ TEST_F(SharedFile, IsWholeWheneverItsWriterIsKilled) {
         ASSERT_EQ(KeysOf(static_cast<int>(nRound), nSaid), nSaid) << "what was said to be written is there";
         const std::string strBytes = m_folder.Read("config/Stress/tessara.settings");
         ASSERT_TRUE(strBytes.starts_with("[]\n") && strBytes.ends_with("\n"));
-        SettingsStore::Read("Stress", [&](const CSettingsText& text, std::string_view) {
+        ReadSettings("Stress", [&](const CSettingsText& text, std::string_view) {
             const auto nLines = std::count(strBytes.begin(), strBytes.end(), '\n');
             ASSERT_EQ(static_cast<std::ptrdiff_t>(text.ValueNames("").size()) + 1, nLines);
         });

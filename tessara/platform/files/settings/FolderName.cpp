@@ -5,7 +5,7 @@
 
 #include "tessara/platform/base/Text.h"
 
-namespace tessara::FolderName {
+namespace tessara {
 
 namespace {
 
@@ -19,7 +19,7 @@ bool IsEscaped(std::string_view strCharacter, bool bFirst) {
 
 } // namespace
 
-std::string From(std::string_view strKey) {
+std::string FolderNameOf(std::string_view strKey) {
     std::string strFolder;
     while (!strKey.empty()) {
         const std::string_view strCharacter = strKey.substr(0, CharacterLength(strKey));
@@ -34,7 +34,7 @@ std::string From(std::string_view strKey) {
     return strFolder;
 }
 
-std::optional<std::string> Read(std::string_view strFolder) {
+std::optional<std::string> KeyOfFolder(std::string_view strFolder) {
     std::string strKey;
     for (std::string_view strRest = strFolder; !strRest.empty();) {
         unsigned nByte = static_cast<unsigned char>(strRest[0]);
@@ -45,7 +45,7 @@ std::optional<std::string> Read(std::string_view strFolder) {
         strKey += static_cast<char>(nByte);
         strRest.remove_prefix(std::min<std::size_t>(strRest[0] == '%' ? 3 : 1, strRest.size()));
     }
-    return From(strKey) == strFolder ? std::optional(strKey) : std::nullopt;
+    return FolderNameOf(strKey) == strFolder ? std::optional(strKey) : std::nullopt;
 }
 
-} // namespace tessara::FolderName
+} // namespace tessara

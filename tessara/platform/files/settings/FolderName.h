@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
-namespace tessara::FolderName {
+namespace tessara {
 
 /// The name of the folder of a key: the same, but with %XX for what a folder's name cannot have or should not
 /// (a slash, control characters, bytes that are not UTF-8, a dot in front, and the percent sign itself).
-std::string From(std::string_view strKey);
+std::string FolderNameOf(std::string_view strKey);
 
-/// The name of the key; nothing for a folder that From gives no key.
-std::optional<std::string> Read(std::string_view strFolder);
+/// The name of the key; nothing for a folder that FolderNameOf gives no key.
+std::optional<std::string> KeyOfFolder(std::string_view strFolder);
 
-} // namespace tessara::FolderName
+} // namespace tessara

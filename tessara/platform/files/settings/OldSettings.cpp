@@ -7,7 +7,7 @@
 #include "tessara/platform/files/settings/IniText.h"
 #include "tessara/platform/files/settings/SettingsStore.h"
 
-namespace tessara::OldSettings {
+namespace tessara {
 
 namespace {
 
@@ -160,15 +160,15 @@ std::string ReadSection(std::string_view strHeader) {
 
 } // namespace
 
-std::string PathOf(const CString& strMaker, const CString& strApplication) {
-    const std::string strConfiguration = SettingsStore::ConfigurationFolder();
+std::string OldSettingsPath(const CString& strMaker, const CString& strApplication) {
+    const std::string strConfiguration = ConfigurationFolder();
     const std::string strName = ToName(strApplication);
     const std::string strFolder = strMaker.IsEmpty() ? strName : ToName(strMaker);
     return strConfiguration.empty() ? strConfiguration
                                     : strConfiguration + "/" + strFolder + "/" + strName + ".ini";
 }
 
-std::vector<OLDSETTING> Read(std::string_view strBytes) {
+std::vector<OLDSETTING> ReadOldSettings(std::string_view strBytes) {
     std::vector<OLDSETTING> settings;
     std::string strSection;
     while (!strBytes.empty()) {
@@ -188,4 +188,4 @@ std::vector<OLDSETTING> Read(std::string_view strBytes) {
     return settings;
 }
 
-} // namespace tessara::OldSettings
+} // namespace tessara

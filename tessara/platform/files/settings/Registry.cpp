@@ -74,7 +74,7 @@ std::string Join(const std::string& strPath, const char* pszSubKey) {
 bool Exists(const std::string& strPath) {
     bool bExists = strPath.empty();
     if (!bExists) {
-        SettingsStore::Read(strPath, [&](const CSettingsText& text, std::string_view strKey) {
+        ReadSettings(strPath, [&](const CSettingsText& text, std::string_view strKey) {
             bExists = text.HasKey(strKey);
         });
     }
@@ -86,7 +86,7 @@ template <class ACTION>
 LONG ReadKey(const std::string& strPath, ACTION action) {
     LONG nStatus = ERROR_FILE_NOT_FOUND;
     if (!strPath.empty()) {
-        SettingsStore::Read(strPath, [&](const CSettingsText& text, std::string_view strKey) {
+        ReadSettings(strPath, [&](const CSettingsText& text, std::string_view strKey) {
             nStatus = text.HasKey(strKey) ? action(text, strKey) : static_cast<LONG>(ERROR_KEY_DELETED);
         });
     }
@@ -97,7 +97,7 @@ template <class ACTION>
 LONG ChangeKey(const std::string& strPath, ACTION action) {
     LONG nStatus = ERROR_ACCESS_DENIED;
     if (!strPath.empty()) {
-        SettingsStore::Update(strPath, [&](CSettingsText& text, std::string_view strKey) {
+        UpdateSettings(strPath, [&](CSettingsText& text, std::string_view strKey) {
             nStatus = text.HasKey(strKey) ? action(text, strKey) : static_cast<LONG>(ERROR_KEY_DELETED);
         });
     }
@@ -161,11 +161,11 @@ std::optional<SETTING> ToSetting(DWORD dwType, const BYTE* pData, DWORD cbData) 
 
 std::vector<std::string> Subkeys(const std::string& strPath) {
     if (strPath.empty()) {
-        return SettingsStore::Names();
+        return TopKeys();
     }
     std::vector<std::string> names;
-    SettingsStore::Read(
-        strPath, [&](const CSettingsText& text, std::string_view strKey) { names = text.Subkeys(strKey); });
+    ReadSettings(strPath,
+                 [&](const CSettingsText& text, std::string_view strKey) { names = text.Subkeys(strKey); });
     return names;
 }
 
@@ -197,7 +197,7 @@ LONG RegCreateKeyEx(HKEY hKey, const char* pszSubKey, DWORD, char*, DWORD, DWORD
             return ERROR_ACCESS_DENIED;
         }
         if (bNew) {
-            SettingsStore::Update(strPath, [&](CSettingsText& text, std::string_view strKey) {
+            UpdateSettings(strPath, [&](CSettingsText& text, std::string_view strKey) {
                 bNew = !text.HasKey(strKey); // another program may have been faster
                 text.AddKey(strKey);
             });

@@ -12,11 +12,11 @@ namespace {
 /// A path and the names of another below it; empty names count as none.
 std::string Below(std::string strPath, std::string_view strNames) {
     while (!strNames.empty()) {
-        const std::string_view strName = SettingsStore::FirstOf(strNames);
+        const std::string_view strName = FirstName(strNames);
         if (!strName.empty()) {
             (strPath += strPath.empty() ? "" : "\\") += strName;
         }
-        strNames = SettingsStore::RestOf(strNames);
+        strNames = PathBelowFirst(strNames);
     }
     return strPath;
 }
@@ -40,12 +40,12 @@ void CheckPath(const std::string& strPath) {
 
 CSettings::CSettings(const CString& strMaker, const CString& strApplication)
     : m_strPath(Below(Below({}, strMaker.View()), strApplication.View())),
-      m_strOldFile(OldSettings::PathOf(strMaker, strApplication)) {}
+      m_strOldFile(OldSettingsPath(strMaker, strApplication)) {}
 
 std::optional<SETTING> CSettings::Read(const CString& strSection, const CString& strName) const {
     std::optional<SETTING> value;
     Done([&] {
-        SettingsStore::Read(m_strPath, [&](const CSettingsText& text, std::string_view strKey) {
+        ReadSettings(m_strPath, [&](const CSettingsText& text, std::string_view strKey) {
             if (text.HasKey(strKey)) {
                 value = text.Read(Below(std::string(strKey), strSection.View()), strName.View());
                 return;
@@ -70,7 +70,7 @@ bool CSettings::Remove(const CString& strSection, const CString& strName) const 
 bool CSettings::Update(const CString& strSection, const std::function<void(CSection&)>& action) const {
     return Done([&] {
         CheckPath(Below(m_strPath, strSection.View()));
-        SettingsStore::Update(m_strPath, [&](CSettingsText& text, std::string_view strKey) {
+        UpdateSettings(m_strPath, [&](CSettingsText& text, std::string_view strKey) {
             if (!text.HasKey(strKey)) {
                 TakeOver(text, strKey);
             }
@@ -84,7 +84,7 @@ bool CSettings::Update(const CString& strSection, const std::function<void(CSect
 void CSettings::TakeOver(CSettingsText& text, std::string_view strKey) const {
     std::string strBytes;
     Done([&] { strBytes = CSharedFile(m_strOldFile).Read(); });
-    for (const OLDSETTING& old : OldSettings::Read(strBytes)) {
+    for (const OLDSETTING& old : ReadOldSettings(strBytes)) {
         const std::string strOldKey = Below(std::string(strKey), old.strSection);
         if (CSettingsText::IsPath(strOldKey)) {
             text.Write(strOldKey, old.strName, old.strValue);

@@ -12,7 +12,7 @@
 #include "tessara/platform/files/SharedFile.h"
 #include "tessara/platform/files/settings/FolderName.h"
 
-namespace tessara::SettingsStore {
+namespace tessara {
 
 namespace {
 
@@ -52,7 +52,7 @@ std::vector<std::string> Entries(const std::string& strConfiguration) {
 
 std::string FolderOf(const std::string& strConfiguration, std::string_view strName) {
     const auto names = Entries(strConfiguration);
-    const std::string strNew = FolderName::From(strName);
+    const std::string strNew = FolderNameOf(strName);
     const auto known = std::find_if(names.begin(), names.end(), [&](const std::string& strFolder) {
         std::error_code error;
         return IsSameName(strFolder, strNew) &&
@@ -84,28 +84,29 @@ bool IsKey(const std::string& strFile) {
 
 } // namespace
 
-std::string_view FirstOf(std::string_view strPath) {
+std::string_view FirstName(std::string_view strPath) {
     return strPath.substr(0, strPath.find('\\'));
 }
 
-std::string_view RestOf(std::string_view strPath) {
-    return strPath.substr(std::min(FirstOf(strPath).size() + 1, strPath.size()));
+std::string_view PathBelowFirst(std::string_view strPath) {
+    return strPath.substr(std::min(FirstName(strPath).size() + 1, strPath.size()));
 }
 
-void Read(std::string_view strPath,
-          const std::function<void(const CSettingsText&, std::string_view)>& action) {
-    const std::string strFolder = FolderOf(CheckedConfigurationFolder(strPath), FirstOf(strPath));
+void ReadSettings(std::string_view strPath,
+                  const std::function<void(const CSettingsText&, std::string_view)>& action) {
+    const std::string strFolder = FolderOf(CheckedConfigurationFolder(strPath), FirstName(strPath));
     std::string strBytes = CSharedFile(strFolder + FILE_NAME).Read();
-    action(CSettingsText(strBytes), RestOf(strPath));
+    action(CSettingsText(strBytes), PathBelowFirst(strPath));
 }
 
-void Update(std::string_view strPath, const std::function<void(CSettingsText&, std::string_view)>& action) {
-    const std::string strFolder = FolderOf(CheckedConfigurationFolder(strPath), FirstOf(strPath));
+void UpdateSettings(std::string_view strPath,
+                    const std::function<void(CSettingsText&, std::string_view)>& action) {
+    const std::string strFolder = FolderOf(CheckedConfigurationFolder(strPath), FirstName(strPath));
     std::error_code error;
     if (!std::filesystem::exists(strFolder, error)) {
         std::string strBytes;
         CSettingsText text(strBytes);
-        action(text, RestOf(strPath));
+        action(text, PathBelowFirst(strPath));
         if (strBytes.empty()) {
             return;
         }
@@ -113,15 +114,15 @@ void Update(std::string_view strPath, const std::function<void(CSettingsText&, s
     }
     CSharedFile(strFolder + FILE_NAME).Update([&](std::string& strBytes) {
         CSettingsText text(strBytes);
-        action(text, RestOf(strPath));
+        action(text, PathBelowFirst(strPath));
     });
 }
 
-std::vector<std::string> Names() {
+std::vector<std::string> TopKeys() {
     const std::string strConfiguration = CheckedConfigurationFolder("-");
     CNameList names;
     for (const std::string& strFolder : Entries(strConfiguration)) {
-        const auto name = FolderName::Read(strFolder);
+        const auto name = KeyOfFolder(strFolder);
         if (name && IsKey(strConfiguration + "/" + strFolder + FILE_NAME)) {
             names.Add(*name);
         }
@@ -138,4 +139,4 @@ std::string ConfigurationFolder() {
     return strHome.empty() ? strHome : strHome + "/.config";
 }
 
-} // namespace tessara::SettingsStore
+} // namespace tessara
