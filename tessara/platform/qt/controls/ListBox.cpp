@@ -182,12 +182,11 @@ int CListBox::SetSel(int nIndex, BOOL bSelect) {
         if (!list.IsExtended() || (nIndex != -1 && !index.isValid())) {
             return LB_ERR;
         }
-        if (nIndex == -1) {
-            bSelect ? list.selectAll() : list.clearSelection();
-        } else {
-            list.selectionModel()->select(index, bSelect ? QItemSelectionModel::Select
-                                                         : QItemSelectionModel::Deselect);
-        }
+        const auto eChange = bSelect ? QItemSelectionModel::Select : QItemSelectionModel::Deselect;
+        const QModelIndex last = list.GetModel().index(list.GetModel().rowCount({}) - 1);
+        list.selectionModel()->select(nIndex == -1 ? QItemSelection(list.GetModel().index(0), last)
+                                                   : QItemSelection(index, index),
+                                      eChange);
         if (bSelect && index.isValid()) {
             list.scrollTo(index);
         }

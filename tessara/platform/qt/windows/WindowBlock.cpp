@@ -43,6 +43,9 @@ public:
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
 
 private:
+    void HandOver(QWidget& window);
+    /// Gives the keyboard to the window that is open over a blocked one: the newest that it owns, or what is
+    /// open over that.
     void Raise(const QWidget& window) const;
 
     QSet<const QObject*> m_blocked;
@@ -65,16 +68,43 @@ void CWindowBlock::Remove(const QObject* pWindow) {
 }
 
 void CWindowBlock::Raise(const QWidget& window) const {
-    for (QWidget* pWidget : QApplication::topLevelWidgets()) {
-        if (pWidget->isVisible() && !Has(*pWidget) && pWidget->parentWidget() &&
-            pWidget->parentWidget()->window() == &window) {
-            pWidget->raise();
-            pWidget->activateWindow();
+    const CPeer* const pPeer = CPeer::Of(&window);
+    const std::vector<HWND> owned = pPeer ? ChildrenOf(pPeer->GetHandle()) : std::vector<HWND>();
+    for (auto it = owned.rbegin(); it != owned.rend(); ++it) {
+        const CPeer* const pOwned = CPeer::Find(*it);
+        if (!pOwned || !pOwned->GetWidget().isWindow() || !pOwned->GetWidget().isVisible()) {
+            continue;
         }
+        if (Has(pOwned->GetWidget())) {
+            Raise(pOwned->GetWidget());
+        } else {
+            pOwned->GetWidget().raise();
+            pOwned->GetWidget().activateWindow();
+        }
+        return;
+    }
+}
+
+/// A window manager may make a blocked window the active one, above all when it shows it only now. It hands
+/// that on; afterwards, for Qt is still busy with the activation.
+void CWindowBlock::HandOver(QWidget& window) {
+    if (Has(window)) {
+        QMetaObject::invokeMethod(
+            &window,
+            [this, &window] {
+                if (Has(window) && window.isActiveWindow()) {
+                    Raise(window);
+                }
+            },
+            Qt::QueuedConnection);
     }
 }
 
 bool CWindowBlock::eventFilter(QObject* pWatched, QEvent* pEvent) {
+    if (pEvent->type() == QEvent::WindowActivate && pWatched->isWidgetType()) {
+        HandOver(*static_cast<QWidget*>(pWatched));
+        return false;
+    }
     if (!IsInput(pEvent->type()) || !pWatched->isWidgetType()) {
         return false;
     }

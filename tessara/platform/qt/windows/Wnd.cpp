@@ -7,6 +7,7 @@
 #include "tessara/platform/qt/controls/PeerFactory.h"
 #include "tessara/platform/qt/dialogs/DialogLayout.h"
 #include "tessara/platform/qt/drawing/TextRun.h"
+#include "tessara/platform/qt/windows/Centring.h"
 #include "tessara/platform/qt/windows/Peer.h"
 #include "tessara/platform/qt/windows/WindowBlock.h"
 #include "tessara/platform/qt/windows/WindowText.h"
@@ -37,6 +38,7 @@ void Place(CPeer& peer, const RECT& rect, UINT nFlags) {
         widget.resize(place.size());
     }
     if (!(nFlags & SWP_NOMOVE)) {
+        StopCentring(widget);
         widget.move(place.topLeft());
     }
 }
@@ -174,19 +176,8 @@ BOOL CWnd::SetWindowPos(const CWnd*, int nX, int nY, int nWidth, int nHeight, UI
 void CWnd::CenterWindow(CWnd* pAlternateOwner) {
     const CWnd* pOver = pAlternateOwner ? pAlternateOwner : GetParent();
     OnPeer(*this, [&](CPeer& peer) {
-        QWidget& widget = peer.GetWidget();
-        const QRect screen = widget.screen()->availableGeometry();
-        QRect over = screen;
         CPeer* const pOwner = pOver ? CPeer::Find(pOver->GetSafeHwnd()) : nullptr;
-        if (pOwner && pOwner->GetWidget().window()->isVisible() &&
-            !pOwner->GetWidget().window()->isMinimized()) {
-            over = pOwner->GetWidget().window()->frameGeometry();
-        }
-        QRect place = widget.frameGeometry();
-        place.moveCenter(over.center());
-        place.moveLeft(std::max(screen.left(), std::min(place.left(), screen.right() - place.width() + 1)));
-        place.moveTop(std::max(screen.top(), std::min(place.top(), screen.bottom() - place.height() + 1)));
-        widget.move(place.topLeft());
+        tessara::Centre(peer.GetWidget(), pOwner ? pOwner->GetWidget().window() : nullptr);
     });
 }
 
