@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <atomic>
 #include <climits>
+#include <optional>
 #include <vector>
 
 #include "tessara/platform/qt/application/Application.h"
@@ -105,6 +106,11 @@ bool AwaitWake(const CDeadline& deadline) {
     return bWoken;
 }
 
+bool HasCalls(const CMailbox& mailbox) {
+    const std::lock_guard lock(SharedLock());
+    return mailbox.HasCalls();
+}
+
 void CMainPump::OnWake() {
     TakeWake();
     const CPeer::CEventScope scope;
@@ -153,16 +159,16 @@ void CMainPump::Leave() {
 /// Waits within a paint event: calls are served, or two waits could block each other, and nothing else. An
 /// event loop would let the widget be painted, resized or deleted under its paint.
 bool CMainPump::WaitInPaint(const std::function<bool()>& fnCondition, const CDeadline& deadline) {
-    const CPaintHold hold;
-    bool bLate = false;
+    std::optional<CPaintHold> hold; // from the first call on: its end paints the window anew
+    CMailbox& mailbox = *CMailbox::OfMainThread();
     bool bEnded = false;
-    while (!bLate) {
-        CMailbox::OfMainThread()->ServeCalls();
-        bEnded = fnCondition();
-        if (bEnded) {
-            break;
+    for (bool bInTime = true; bInTime && !bEnded;) {
+        if (!hold && HasCalls(mailbox)) {
+            hold.emplace();
         }
-        bLate = !AwaitWake(deadline);
+        mailbox.ServeCalls();
+        bEnded = fnCondition();
+        bInTime = bEnded || AwaitWake(deadline);
     }
     WakeMainThread(); // for the loops around this one
     return bEnded || fnCondition();

@@ -92,6 +92,10 @@ CListBoxWidget::CListBoxWidget(const CWindowDescription& description, QWidget* p
       m_bOwnerDrawn((description.dwStyle & LBS_OWNERDRAWFIXED) != 0), m_drawing(*this) {
     setModel(&m_model);
     setItemDelegate(&m_drawing);
+    const auto fnOutdate = [this] { m_drawing.Outdate(); };
+    connect(&m_model, &QAbstractItemModel::rowsInserted, this, fnOutdate);
+    connect(&m_model, &QAbstractItemModel::rowsRemoved, this, fnOutdate);
+    connect(&m_model, &QAbstractItemModel::modelReset, this, fnOutdate);
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(description.dwStyle & LBS_NOSEL         ? NoSelection

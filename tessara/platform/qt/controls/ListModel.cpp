@@ -75,12 +75,14 @@ QVariant CListModel::headerData(int nSection, Qt::Orientation eOrientation, int 
 }
 
 void CListModel::InsertColumn(int nColumn, const QString& strHeading, Qt::Alignment alignment) {
+    m_answers.Clear(); // columns move
     beginInsertColumns({}, nColumn, nColumn);
     m_columns.insert(m_columns.begin() + nColumn, {strHeading, alignment});
     endInsertColumns();
 }
 
 void CListModel::RemoveColumn(int nColumn) {
+    m_answers.Clear();
     beginRemoveColumns({}, nColumn, nColumn);
     m_columns.erase(m_columns.begin() + nColumn);
     for (CRow& row : m_rows) {

@@ -111,6 +111,7 @@ CItemLook COwnerDrawing::LookOf(const CPeer& peer, const QStyleOptionViewItem& o
     const CListBoxItem* const pItem = m_list.GetModel().Find(nLine);
     return {ToItemState(option),
             pItem ? pItem->nData : 0,
+            pItem ? pItem->strText : CString(),
             (QSizeF(option.rect.size()) * peer.GetRatio()).toSize(),
             m_list.logicalDpiY() * peer.GetRatio(),
             option.palette.color(QPalette::Text),
@@ -137,7 +138,7 @@ void COwnerDrawing::paint(QPainter* pPainter, const QStyleOptionViewItem& option
 /// The last image of a line, unless another line stood there then; asks for those that are to be painted.
 QImage COwnerDrawing::Recall(CPeer& peer, int nLine, const CItemLook& look) const {
     const auto* const pKnown = m_answers.Find(nLine, look);
-    const QImage image = pKnown && pKnown->first.nData == look.nData ? pKnown->second : QImage();
+    const QImage image = pKnown && pKnown->first.IsOfSameLine(look) ? pKnown->second : QImage();
     if (!m_answers.Wants()) {
         return image;
     }

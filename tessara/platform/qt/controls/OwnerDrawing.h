@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QStyledItemDelegate>
 
+#include "tessara/platform/base/String.h"
 #include "tessara/platform/qt/controls/LastAnswers.h"
 #include "tessara/platform/ui/windows/WindowTypes.h"
 
@@ -15,12 +16,16 @@ class CPeer;
 struct CItemLook {
     UINT nState = 0;
     std::uintptr_t nData = 0;
+    CString strText;
     QSize pixels;
     double dDotsPerInch = 0;
     QColor text;
     QColor ground;
 
     bool operator==(const CItemLook&) const = default;
+    bool IsOfSameLine(const CItemLook& other) const {
+        return nData == other.nData && strText == other.strText;
+    }
 };
 
 /// Asks the parent of a list how tall its lines are and what they look like; where the parent belongs to
@@ -34,6 +39,7 @@ public:
                const QModelIndex& index) const override;
 
     void BeginPaint() { m_answers.BeginPaint(); }
+    /// Lines have changed or moved.
     void Outdate() { m_answers.Outdate(); }
 
 private:

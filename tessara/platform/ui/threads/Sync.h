@@ -17,7 +17,7 @@ TESSARA_API BOOL SetEvent(HANDLE hEvent);
 TESSARA_API BOOL ResetEvent(HANDLE hEvent);
 TESSARA_API BOOL CloseHandle(HANDLE hObject);
 
-/// Waits until an event is signalled or a thread has ended. Serves, while it waits, what other threads ask of
-/// this one (see docs/framework.md), so that no two waits can block each other.
+/// Waits until an event is signalled or a thread has ended; 0 only asks. Serves, while it waits, what other
+/// threads ask of this one (see docs/framework.md), so that no two waits can block each other.
 TESSARA_API DWORD WaitForSingleObject(HANDLE hObject, DWORD nMilliseconds);
 TESSARA_API void Sleep(DWORD nMilliseconds);

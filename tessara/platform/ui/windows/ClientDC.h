@@ -6,8 +6,8 @@
 /// until the window is painted anew. Text has an opaque background, as on any CDC: before a plot is painted
 /// on it, SetBkMode(TRANSPARENT). It starts with the window's font, so a text is as large as in the window's
 /// controls; what the window's font becomes later does not change it.
-/// It may belong to any thread: the main thread, where the window's image is, does the drawing when it next
-/// waits or serves its loop, and the drawing thread waits for it. Texts are measured where that is asked for.
+/// It may belong to any thread: the main thread, which has the window's image, draws when it next waits or
+/// serves its loop, and the caller waits for that; not so in WM_PAINT. Texts are measured by the caller.
 class TESSARA_API CClientDC : public CDC {
     DECLARE_DYNAMIC(CClientDC)
 
