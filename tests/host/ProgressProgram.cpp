@@ -193,7 +193,7 @@ protected:
             CRect place;
             CWnd* const pDialog = CWnd::FromHandle(reinterpret_cast<HWND>(wParam));
             pDialog->GetWindowRect(&place);
-            pDialog->SetWindowPos(nullptr, 0, 0, 360 + g_nTurns % 2 * 8, place.Height(),
+            pDialog->SetWindowPos(nullptr, 0, 0, place.Width() + (g_nTurns % 2 ? 8 : -8), place.Height(),
                                   SWP_NOMOVE | SWP_NOZORDER);
             pDialog->Invalidate();
         }

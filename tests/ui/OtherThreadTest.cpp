@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QTest>
+#include <QTimer>
 #include <semaphore>
 
 #include "tessara/platform/qt/windows/Peer.h"
@@ -11,6 +12,7 @@
 #include "tessara/platform/ui/controls/ProgressCtrl.h"
 #include "tessara/platform/ui/controls/SpinButtonCtrl.h"
 #include "tessara/platform/ui/controls/Static.h"
+#include "tessara/platform/ui/dialogs/MessageBox.h"
 #include "tessara/platform/ui/threads/WinThread.h"
 #include "tessara/platform/ui/windows/ClientDC.h"
 
@@ -23,7 +25,7 @@ constexpr UINT WM_HOLD = WM_USER + 1;
 constexpr UINT WM_END = WM_USER + 2;
 constexpr COLORREF FIRST = RGB(200, 0, 0);
 constexpr COLORREF NEXT = RGB(0, 0, 200);
-constexpr int LINE_HEIGHT = 31;
+constexpr int LINE_HEIGHT = 32; ///< whole units of the toolkit at scale 2, too
 
 /// Writes down whether it was asked to paint, and has no handler for that.
 class CUnpainted : public CWnd {
@@ -231,62 +233,92 @@ TEST_F(OtherThread, DecidesOnAStepOfASpinButtonWhenItHasTime) {
     EXPECT_EQ(m_window.m_spin.GetPos(), 10);
 }
 
-int g_nWarnings = 0;
-
-/// Waits, while it paints, for a thread that moves the bar in it.
-class CWaitingPainter : public CWnd {
+/// Does something once while it paints; has a bar in it.
+class CBusyPainter : public CWnd {
 public:
     CProgressCtrl m_bar;
-    HANDLE m_hStart = CreateEvent(nullptr, FALSE, FALSE, nullptr);
-    HANDLE m_hMoved = CreateEvent(nullptr, FALSE, FALSE, nullptr);
-    DWORD m_nWaited = WAIT_FAILED;
+    std::function<void()> m_fnPaint;
+    bool m_bPainted = false;
+
+    void Make() {
+        Create(nullptr, "", WS_OVERLAPPEDWINDOW, CRect(0, 0, 200, 100), nullptr, 0);
+        m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 190, 30), this, 1);
+    }
 
 protected:
     void OnPaint() {
-        if (m_nWaited == WAIT_FAILED) {
-            SetEvent(m_hStart);
-            m_nWaited = WaitForSingleObject(m_hMoved, LIMIT);
+        if (std::function<void()> fnPaint = std::exchange(m_fnPaint, nullptr)) {
+            fnPaint();
+            m_bPainted = true;
         }
     }
     DECLARE_MESSAGE_MAP()
 };
 
-BEGIN_MESSAGE_MAP(CWaitingPainter, CWnd)
+BEGIN_MESSAGE_MAP(CBusyPainter, CWnd)
 ON_WM_PAINT()
 END_MESSAGE_MAP()
 
-UINT MoveBar(void* pParam) {
-    auto& window = *static_cast<CWaitingPainter*>(pParam);
-    WaitForSingleObject(window.m_hStart, LIMIT);
-    for (int i = 0; i < 5; ++i) {
-        window.m_bar.StepIt();
-    }
-    SetEvent(window.m_hMoved);
-    return 0;
-}
+int g_nWarnings = 0;
 
-TEST(PaintThatWaits, ServesTheThreadThatItWaitsForWithoutBeingEnteredAnew) {
-    const QtMessageHandler pfnPrevious =
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& strText) {
-            g_nWarnings += strText.contains(QStringLiteral("propagateSizeHints")) ? 0 : 1;
-        });
-    CWaitingPainter window;
-    window.Create(nullptr, "", WS_OVERLAPPEDWINDOW, CRect(0, 0, 200, 100), nullptr, 0);
-    window.m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 190, 30), &window, 1);
-    CWinThread worker(&MoveBar, &window);
+/// A window that is being painted must not be painted a second time; the toolkit warns of it, or worse.
+class PaintThat : public ::testing::Test {
+protected:
+    PaintThat() {
+        g_nWarnings = 0;
+        m_pfnPrevious =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& strText) {
+                g_nWarnings += strText.contains(QStringLiteral("propagateSizeHints")) ? 0 : 1;
+            });
+        m_window.Make();
+    }
+    ~PaintThat() override { qInstallMessageHandler(m_pfnPrevious); }
+
+    void PaintDoing(std::function<void()> fnPaint) {
+        m_window.m_fnPaint = std::move(fnPaint);
+        m_window.ShowWindow(SW_SHOW);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return m_window.m_bPainted; }, LIMIT));
+        QApplication::processEvents(); // it is painted anew
+        EXPECT_TRUE(tessara::CPeer::Find(m_window.m_hWnd)->GetWidget().updatesEnabled());
+        EXPECT_EQ(g_nWarnings, 0);
+    }
+
+    CBusyPainter m_window;
+    QtMessageHandler m_pfnPrevious;
+};
+
+TEST_F(PaintThat, WaitsServesTheThreadThatItWaitsFor) {
+    CBusyPainter& window = m_window;
+    static HANDLE s_hStart = CreateEvent(nullptr, FALSE, FALSE, nullptr);
+    static HANDLE s_hMoved = CreateEvent(nullptr, FALSE, FALSE, nullptr);
+    CWinThread worker(
+        [](void* pParam) -> UINT {
+            WaitForSingleObject(s_hStart, LIMIT);
+            for (int i = 0; i < 5; ++i) {
+                static_cast<CBusyPainter*>(pParam)->m_bar.StepIt();
+            }
+            SetEvent(s_hMoved);
+            return 0;
+        },
+        &window);
     worker.m_bAutoDelete = FALSE;
     ASSERT_TRUE(worker.CreateThread());
-    window.ShowWindow(SW_SHOW);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window.m_nWaited != WAIT_FAILED; }, LIMIT));
-    EXPECT_EQ(window.m_nWaited, WAIT_OBJECT_0);
+    PaintDoing([] {
+        SetEvent(s_hStart);
+        EXPECT_EQ(WaitForSingleObject(s_hMoved, LIMIT), WAIT_OBJECT_0);
+    });
     EXPECT_EQ(window.m_bar.GetPos(), 50);
     EXPECT_EQ(WaitForSingleObject(worker.m_hThread, LIMIT), WAIT_OBJECT_0);
-    QApplication::processEvents(); // it is painted anew
-    EXPECT_TRUE(tessara::CPeer::Find(window.m_hWnd)->GetWidget().updatesEnabled());
-    EXPECT_EQ(g_nWarnings, 0);
-    qInstallMessageHandler(pfnPrevious);
-    CloseHandle(window.m_hStart);
-    CloseHandle(window.m_hMoved);
+}
+
+TEST_F(PaintThat, OpensAMessageBoxIsNotRepeatedBehindIt) {
+    PaintDoing([&] {
+        QTimer::singleShot(0, [&] {
+            m_window.m_bar.StepIt();
+            QApplication::activeModalWidget()->close();
+        });
+        EXPECT_EQ(AfxMessageBox("The disk is full."), IDOK);
+    });
 }
 
 } // namespace

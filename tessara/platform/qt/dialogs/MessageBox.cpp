@@ -8,7 +8,7 @@
 
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/StringResources.h"
-#include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/qt/windows/PaintScope.h"
 
 namespace tessara {
 
@@ -70,6 +70,7 @@ int ShowMessage(const char* pszText, const QString& strCaption, UINT nType) {
     }
     EnsureMainPump();
     const CPeer::CEventScope scope;
+    const CPaintHold hold; // a handler that paints may have thrown
     const CButtons& kind = BUTTONS[std::min<std::size_t>(nType & MB_TYPEMASK, std::size(BUTTONS) - 1)];
     QMessageBox box(ToIcon(nType), strCaption, ToQString(pszText), QMessageBox::NoButton,
                     QApplication::activeWindow());
