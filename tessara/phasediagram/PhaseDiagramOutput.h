@@ -303,7 +303,7 @@ protected:
     std::unique_ptr<tessara::CPointReadOut> m_pGetValueDialog;
     std::unique_ptr<tessara::CElementReadOut> m_pExtendedGetValueDialog;
     std::unique_ptr<tessara::CCrossSectionDialog> m_pCrossSectionDialog;
-    CWnd* m_pParentWnd = nullptr; ///< shows the diagram
+    CWnd* m_pParentWnd = nullptr; ///< shows the diagram; not to be deleted before the last mark is drawn
     CRect m_rcPaint;              ///< given to the last Paint
     CRect m_rcPlotDevice;         ///< plot frame in pixels, one larger on every side: for hit tests
     CString m_strName = "Phase diagram";

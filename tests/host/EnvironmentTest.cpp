@@ -153,6 +153,15 @@ TEST_F(HostEnvironment, TheFirstSurfaceOfAProgramIsMadeOnItsMainThread) {
               strRefused + strRefused + "drawn\ndrawn\nmeasured\n");
 }
 
+TEST_F(HostEnvironment, TheMainThreadIsTheOneThatMakesTheApplication) {
+    EXPECT_EQ(m_programs.Host("application-elsewhere", {}), "window\nended 0\n");
+    const std::string strSaid =
+        ": another thread than the main one has made the program's application object\n";
+    const std::string strHeard = m_programs.Host("application application-elsewhere", {});
+    EXPECT_THAT(strHeard, testing::StartsWith("ended 1\n"));
+    EXPECT_THAT(strHeard, testing::EndsWith(strSaid));
+}
+
 /// A server behind a network that takes connections and says nothing, as one does whose machine sleeps.
 class CSilentServer {
 public:

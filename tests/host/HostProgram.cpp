@@ -98,6 +98,24 @@ void HearMessages() {
     });
 }
 
+/// Makes a window when it starts, and ends with it.
+class CWindowApp : public CWinApp {
+    BOOL InitInstance() override {
+        ShowWindow();
+        return FALSE;
+    }
+};
+
+/// The whole program on a thread that is not the process's first.
+void RunApplicationElsewhere() {
+    OnWorker([] {
+        CWindowApp app;
+        char szName[] = "host";
+        char* arguments[] = {szName, nullptr};
+        std::printf("ended %d\n", AfxRunApplication(1, arguments));
+    });
+}
+
 const std::map<std::string, std::function<void()>> ACTIONS = {
     {"draw", &Draw},
     {"export", &Export},
@@ -109,6 +127,7 @@ const std::map<std::string, std::function<void()>> ACTIONS = {
     {"metrics", [] { std::printf("icon %d\n", GetSystemMetrics(SM_CXICON)); }},
     {"wait",
      [] { std::printf("waited %d\n", WaitForSingleObject(CreateEvent(nullptr, 1, 1, nullptr), 0) == 0); }},
+    {"application-elsewhere", &RunApplicationElsewhere},
     {"worker-draw", [] { OnWorker(&Draw); }},
     {"worker-measure",
      [] {

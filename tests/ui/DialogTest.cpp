@@ -224,6 +224,8 @@ TEST(Dialog, EndsModalWhenItsWindowIsDestroyedAndPassesExceptionsOn) {
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
+constexpr DWORD LIMIT = 60'000; ///< milliseconds: what does not come fails the test
+
 UINT RunDialog(void* pResult) {
     CPlain dialog;
     const DWORD nThread = GetCurrentThreadId();
@@ -248,7 +250,7 @@ TEST(Dialog, RunsOnAnotherThreadWhileTheMainOneWaits) {
     CWinThread thread(&RunDialog, &nResult);
     thread.m_bAutoDelete = FALSE;
     ASSERT_TRUE(thread.CreateThread());
-    EXPECT_EQ(WaitForSingleObject(thread.m_hThread, INFINITE), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(thread.m_hThread, LIMIT), WAIT_OBJECT_0);
     EXPECT_EQ(nResult, IDCANCEL);
     EXPECT_EQ(tessara::CountWindows(), nBefore);
 }

@@ -15,6 +15,7 @@ namespace {
 
 constexpr UINT TEMPLATE = 21000;
 constexpr UINT PROGRESS = 1000;
+constexpr DWORD LIMIT = 60'000; ///< milliseconds: what does not come fails the test
 constexpr UINT WM_STEP = WM_USER + 10;
 constexpr UINT WM_FINISH = WM_USER + 11;
 
@@ -100,12 +101,13 @@ TEST(ThreadDialog, AnswersTheMouseWhileTheMainThreadWaits) {
     for (int i = 1; i <= 5; ++i) {
         ASSERT_TRUE(pThread->PostThreadMessage(WM_STEP, static_cast<WPARAM>(i), 0));
     }
-    while (!pThread->m_bAborted) {
+    for (DWORD i = 0; i < LIMIT && !pThread->m_bAborted; ++i) {
         Sleep(1);
     }
+    EXPECT_TRUE(pThread->m_bAborted);
     EXPECT_EQ(pThread->m_nSteps, 5);
     pThread->PostThreadMessage(WM_FINISH, 0, 0);
-    EXPECT_EQ(WaitForSingleObject(pThread->m_hThread, INFINITE), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(pThread->m_hThread, LIMIT), WAIT_OBJECT_0);
     delete pThread;
 }
 
@@ -127,7 +129,7 @@ TEST(ThreadDialog, StartsAndEndsLeaveNothingBehind) {
         ASSERT_TRUE(pThread->CreateThread());
         pThread->PostThreadMessage(WM_STEP, 1, 0);
         pThread->PostThreadMessage(WM_FINISH, 0, 0);
-        ASSERT_EQ(WaitForSingleObject(pThread->m_hThread, INFINITE), WAIT_OBJECT_0);
+        ASSERT_EQ(WaitForSingleObject(pThread->m_hThread, LIMIT), WAIT_OBJECT_0);
         delete pThread;
     }
     EXPECT_EQ(tessara::CountWindows(), nWindows);

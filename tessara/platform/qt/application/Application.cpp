@@ -1,6 +1,7 @@
 #include "tessara/platform/qt/application/Application.h"
 
 #include <QApplication>
+#include <QThread>
 #include <cerrno>
 #include <chrono>
 #include <mutex>
@@ -80,6 +81,11 @@ void Check(ENeed eNeed) {
     if (eNeed >= ENeed::windows && !qobject_cast<const QApplication*>(pApplication)) {
         throw CGraphicsException(CGraphicsException::wrongApplication,
                                  "the program's QGuiApplication shows no windows: a QApplication does");
+    }
+    if (eNeed >= ENeed::windows && pApplication->thread() != QThread::currentThread()) {
+        throw CGraphicsException(
+            CGraphicsException::wrongThread,
+            "another thread than the main one has made the program's application object");
     }
     if (eNeed >= ENeed::desktop && g_pOwn && g_pOwn->pApplication == pApplication &&
         !g_pOwn->strUnreached.empty()) {

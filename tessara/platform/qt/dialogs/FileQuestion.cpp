@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 
+#include "tessara/platform/qt/dialogs/OwnedDialog.h"
 #include "tessara/platform/qt/windows/Peer.h"
 #include "tessara/platform/ui/frames/Commands.h"
 #include "tessara/platform/ui/resources/StandardStrings.h"
@@ -50,8 +51,8 @@ QWidget* OwnerOf(const CFileQuestion& question) {
 class CQuestionDialog : public QFileDialog {
 public:
     explicit CQuestionDialog(const CFileQuestion& question);
-    /// The path that was chosen, empty when none was.
-    QString Ask();
+    QString ChosenPath() const { return selectedFiles().value(0); }
+    bool IsRefused() const { return m_bRefused; }
 
 protected:
     void done(int nResult) override;
@@ -59,7 +60,6 @@ protected:
 private:
     void ShowFilters();
     void OnFilter(const QString& strFilter);
-    QString ChosenPath() const { return selectedFiles().value(0); }
     bool MayBeTaken();
 
     const CFileQuestion& m_question;
@@ -114,26 +114,33 @@ bool CQuestionDialog::MayBeTaken() {
     }
     QString strText = ToQString(StandardString(AFX_IDP_ASK_TO_REPLACE).View());
     strText.replace(QLatin1String("%s"), QFileInfo(ChosenPath()).fileName());
-    QMessageBox box(QMessageBox::Warning, windowTitle(), strText, QMessageBox::Yes | QMessageBox::No,
-                    isVisible() ? this : parentWidget());
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    const COwnedDialog<QMessageBox> box(QMessageBox::Warning, windowTitle(), strText,
+                                        QMessageBox::Yes | QMessageBox::No,
+                                        isVisible() ? this : parentWidget());
+    box->setTextFormat(Qt::PlainText);
+    box->setDefaultButton(QMessageBox::No);
+    return box->exec() == QMessageBox::Yes;
 }
 
 void CQuestionDialog::done(int nResult) {
-    m_bRefused = nResult == QDialog::Accepted && !MayBeTaken();
+    const QPointer<CQuestionDialog> pThis = this; // goes with its owner, maybe while it asks
+    const bool bRefused = nResult == QDialog::Accepted && !MayBeTaken();
+    if (!pThis) {
+        return;
+    }
+    m_bRefused = bRefused;
     if (!m_bRefused) {
         QFileDialog::done(nResult);
     }
 }
 
-QString CQuestionDialog::Ask() {
+QString AskPath(const CFileQuestion& question) {
+    const COwnedDialog<CQuestionDialog> dialog(question);
     int nResult = QDialog::Rejected;
     do { // the desktop's own dialog has closed when its choice is refused
-        nResult = exec();
-    } while (nResult != QDialog::Accepted && m_bRefused);
-    return nResult == QDialog::Accepted ? ChosenPath() : QString();
+        nResult = dialog->exec();
+    } while (dialog && nResult != QDialog::Accepted && dialog->IsRefused());
+    return dialog && nResult == QDialog::Accepted ? dialog->ChosenPath() : QString();
 }
 
 } // namespace
@@ -145,7 +152,7 @@ bool AskFile(CFileQuestion& question) {
         }
         EnsureMainPump();
         const CPeer::CEventScope scope;
-        const QString strPath = CQuestionDialog(question).Ask();
+        const QString strPath = AskPath(question);
         if (strPath.isEmpty()) {
             return false;
         }

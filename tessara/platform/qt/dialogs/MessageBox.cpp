@@ -8,7 +8,9 @@
 
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/StringResources.h"
+#include "tessara/platform/qt/dialogs/OwnedDialog.h"
 #include "tessara/platform/qt/windows/PaintScope.h"
+#include "tessara/platform/qt/windows/Peer.h"
 
 namespace tessara {
 
@@ -72,20 +74,20 @@ int ShowMessage(const char* pszText, const QString& strCaption, UINT nType) {
     const CPeer::CEventScope scope;
     const CPaintHold hold; // a handler that paints may have thrown
     const CButtons& kind = BUTTONS[std::min<std::size_t>(nType & MB_TYPEMASK, std::size(BUTTONS) - 1)];
-    QMessageBox box(ToIcon(nType), strCaption, ToQString(pszText), QMessageBox::NoButton,
-                    QApplication::activeWindow());
-    box.setTextFormat(Qt::PlainText);
+    const COwnedDialog<QMessageBox> box(ToIcon(nType), strCaption, ToQString(pszText), QMessageBox::NoButton,
+                                        QApplication::activeWindow());
+    box->setTextFormat(Qt::PlainText);
     const std::size_t nDefault = nType & MB_DEFBUTTON3 ? 2 : nType & MB_DEFBUTTON2 ? 1 : 0;
     for (std::size_t i = 0; i < kind.buttons.size() && kind.buttons[i] != NONE; ++i) {
-        box.addButton(kind.buttons[i]);
+        box->addButton(kind.buttons[i]);
         if (i == nDefault) {
-            box.setDefaultButton(kind.buttons[i]);
+            box->setDefaultButton(kind.buttons[i]);
         }
     }
     if (kind.eEscape != NONE) {
-        box.setEscapeButton(kind.eEscape);
+        box->setEscapeButton(kind.eEscape);
     }
-    return ToAnswer(box.exec());
+    return ToAnswer(box->exec());
 }
 
 } // namespace
