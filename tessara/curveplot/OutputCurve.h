@@ -200,8 +200,8 @@ public:
     double m_dMarkArgument = 0; ///< where the mark stands
     CGetValueDialog* m_pGetValueDialog = nullptr;
     CWnd* m_pParentWnd = nullptr; ///< shows the plot; not to be deleted before the last mark is drawn
-    CRect m_rcClient;     ///< of the last Paint
-    CRect m_rcPlotDevice; ///< plot area of the last Paint on a screen, in device pixels
+    CRect m_rcClient;             ///< of the last Paint
+    CRect m_rcPlotDevice;         ///< plot area of the last Paint on a screen, in device pixels
     CString m_strCurveName = "Function";
     CString m_strCurveSymbol = "f(x)~N";
     CString m_strArgumentName = "Argument";
