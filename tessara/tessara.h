@@ -5,6 +5,9 @@
 
 #include "tessara/curveplot/GetValueDialog.h"
 #include "tessara/curveplot/OutputCurve.h"
+#include "tessara/document/ArchiveEntry.h"
+#include "tessara/document/BaseFile.h"
+#include "tessara/document/InterfaceItem.h"
 #include "tessara/document/RegistrySettings.h"
 #include "tessara/numeric/Curve.h"
 #include "tessara/numeric/CurvePartInfo.h"

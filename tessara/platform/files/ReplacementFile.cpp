@@ -55,28 +55,41 @@ void CReplacementFile::Begin(const char* pszTarget) {
 }
 
 void CReplacementFile::Close() {
-    if (!m_pTarget) {
-        return;
+    if (m_pTarget) {
+        Finish([this] {
+            m_pTarget->CheckedFile(); // a folder or a link may have come there meanwhile
+            m_pUnfinished->PutInPlace();
+            return true;
+        });
     }
+}
+
+bool CReplacementFile::CloseAsNew(const char* pszName) {
+    if (!m_pTarget) {
+        Throw(CFileException::invalidFile);
+    }
+    return Finish([&] { return m_pUnfinished->PutInPlaceAsNew(pszName); });
+}
+
+/// The file is closed after the renaming, which its lock guards; there is nothing to lose with it any more.
+template <class STEP>
+bool CReplacementFile::Finish(STEP putInPlace) {
     try {
-        PutInPlace();
+        Flush();
+        if (!putInPlace()) {
+            return false;
+        }
+        if (const int nError = m_pTarget->Sync(Descriptor())) {
+            throw m_pTarget->Failure(CFileException::hardIO,
+                                     "the new content is in place, but may be lost with the power: " +
+                                         std::generic_category().message(nError));
+        }
     } catch (...) {
         Abort();
         throw;
     }
     Abort();
-}
-
-/// The file is closed after the renaming, which its lock guards; there is nothing to lose with it any more.
-void CReplacementFile::PutInPlace() {
-    Flush();
-    m_pTarget->CheckedFile(); // a folder or a link may have come there meanwhile
-    m_pUnfinished->PutInPlace();
-    if (const int nError = m_pTarget->Sync(Descriptor())) {
-        throw m_pTarget->Failure(CFileException::hardIO,
-                                 "the new content is in place, but may be lost with the power: " +
-                                     std::generic_category().message(nError));
-    }
+    return true;
 }
 
 void CReplacementFile::Abort() {

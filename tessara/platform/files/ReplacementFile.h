@@ -50,6 +50,10 @@ public:
               CFileException* pError = nullptr) override;
     void Close() override;
     void Abort() override;
+    /// The same as Close for a file that is to be a new one: it gets a name in the target's folder that
+    /// nothing has. Returns false when something has that name; the file is then as it was, and another name
+    /// can be tried.
+    bool CloseAsNew(const char* pszName);
 
     /// Removes the unfinished files of all objects of the process. For a signal handler (it is safe there)
     /// that ends the process then: what is written afterwards cannot be put in place.
@@ -60,7 +64,8 @@ protected:
 
 private:
     void Begin(const char* pszTarget);
-    void PutInPlace();
+    template <class STEP>
+    bool Finish(STEP putInPlace);
 
     std::unique_ptr<CReplacementTarget> m_pTarget; ///< null while closed
     std::unique_ptr<CUnfinishedFile> m_pUnfinished;

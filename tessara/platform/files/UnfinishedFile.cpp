@@ -139,15 +139,37 @@ CTemporaryName CUnfinishedFile::GetName() const {
 void CUnfinishedFile::PutInPlace() {
     const int nFolder = m_target.GetFolder();
     if (renameat(nFolder, GetName().Get(), nFolder, m_target.GetName()) != 0) {
-        const int nErrno = errno;
-        struct stat folder;
-        if (nErrno == ENOENT && fstat(nFolder, &folder) == 0 && folder.st_nlink > 0) {
-            throw m_target.Failure(CFileException::fileNotFound,
-                                   "cannot be written: somebody removed the unfinished file");
-        }
-        throw m_target.Failure(nErrno);
+        ThrowRefusal(errno);
     }
     m_entry.Forget();
+}
+
+bool CUnfinishedFile::PutInPlaceAsNew(const char* pszName) {
+    const int nFolder = m_target.GetFolder();
+    int nResult = renameat2(nFolder, GetName().Get(), nFolder, pszName, RENAME_NOREPLACE);
+    if (nResult != 0 &&
+        (errno == EINVAL || errno == ENOSYS)) { // a file system that cannot look and rename at once
+        nResult = linkat(nFolder, GetName().Get(), nFolder, pszName, 0);
+        if (nResult == 0) {
+            m_entry.Remove(); // the other name stays
+        }
+    }
+    if (nResult != 0 && errno != EEXIST) {
+        ThrowRefusal(errno);
+    }
+    if (nResult == 0) {
+        m_entry.Forget();
+    }
+    return nResult == 0;
+}
+
+void CUnfinishedFile::ThrowRefusal(int nErrno) const {
+    struct stat folder;
+    if (nErrno == ENOENT && fstat(m_target.GetFolder(), &folder) == 0 && folder.st_nlink > 0) {
+        throw m_target.Failure(CFileException::fileNotFound,
+                               "cannot be written: somebody removed the unfinished file");
+    }
+    throw m_target.Failure(nErrno);
 }
 
 void CUnfinishedFile::RemoveAll() noexcept {

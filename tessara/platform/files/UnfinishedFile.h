@@ -30,12 +30,15 @@ public:
 
     /// Takes the target's name, and with it the target's place.
     void PutInPlace();
+    /// Takes a name in the target's folder that nothing has. Returns false when something has it.
+    bool PutInPlaceAsNew(const char* pszName);
 
     /// Removes the unfinished files of all objects of the process. Safe inside a signal handler.
     static void RemoveAll() noexcept;
 
 private:
     bool Create(mode_t nMode);
+    [[noreturn]] void ThrowRefusal(int nErrno) const;
     CTemporaryName GetName() const;
 
     const CReplacementTarget& m_target;

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "tessara/platform/base/Types.h"
+
+namespace tessara {
+
+/// What stands at the front of a Base Variant file. docs/archive-format.md has every byte of it.
+///
+/// Texts are bytes without a zero among them. Format cuts those that are too long for their field, never
+/// inside a character.
+struct CVariantHeader {
+    static constexpr std::size_t SIZE = 290; ///< bytes
+    static constexpr std::size_t MAX_BASE_NAME = 128;
+    static constexpr std::size_t MAX_BASE_TAG = 2;
+    static constexpr std::size_t MAX_VARIANT_NAME = 16;
+    static constexpr int MAX_COMMENT = 0x7FFF;
+    using CBytes = std::array<BYTE, SIZE>;
+
+    std::string strBaseName;
+    std::string strBaseTag;
+    std::string strVariantName;
+    int nVariantNumber = 0; ///< from 0
+    int nReserved = 0;
+    int nCommentLength = 0; ///< bytes
+
+    /// Nothing unless signature and version are those of the format, each text ends within its field and the
+    /// comment has no negative length.
+    static std::optional<CVariantHeader> Parse(std::span<const BYTE, SIZE> bytes);
+    CBytes Format() const;
+
+    /// The numbers of a header of any signature, as it stands.
+    static int VariantNumber(std::span<const BYTE, SIZE> bytes);
+    static int CommentLength(std::span<const BYTE, SIZE> bytes);
+};
+
+} // namespace tessara
