@@ -1,11 +1,51 @@
 #include "tessara/document/InterfaceItem.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 CInterfaceItem::CInterfaceItem(const AFP_INTERFACE_ENTRY& entry)
     : m_nID(entry.nID), m_nInformation(entry.nInformation), m_bSelected(entry.bSelected) {
     m_strName.LoadString(entry.nID);
+}
+
+CInterfaceItem::CInterfaceItem(const CInterfaceItem& src) : CObject() {
+    *this = src;
+}
+
+CInterfaceItem::CInterfaceItem(CInterfaceItem&& src) noexcept : CObject() {
+    *this = std::move(src);
+}
+
+CInterfaceItem& CInterfaceItem::operator=(const CInterfaceItem& src) {
+    m_strName = src.m_strName;
+    m_nID = src.m_nID;
+    m_nInformation = src.m_nInformation;
+    m_bSelected = src.m_bSelected;
+    return *this;
+}
+
+CInterfaceItem& CInterfaceItem::operator=(CInterfaceItem&& src) noexcept {
+    m_strName = std::move(src.m_strName);
+    m_nID = src.m_nID;
+    m_nInformation = src.m_nInformation;
+    m_bSelected = src.m_bSelected;
+    return *this;
+}
+
+CInterfaceItemArray::CInterfaceItemArray(const CInterfaceItemArray& src) : CArray() {
+    *this = src;
+}
+
+CInterfaceItemArray& CInterfaceItemArray::operator=(const CInterfaceItemArray& src) {
+    if (this != &src) {
+        RemoveAll();
+        for (int i = 0; i < src.GetSize(); ++i) {
+            CInterfaceItem item = src[i];
+            Add(item);
+        }
+    }
+    return *this;
 }
 
 namespace {

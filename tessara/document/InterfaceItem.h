@@ -36,6 +36,10 @@ public:
     CInterfaceItem() = default;
     /// The name is the string resource of the row's number, empty where there is none.
     explicit CInterfaceItem(const AFP_INTERFACE_ENTRY& entry);
+    CInterfaceItem(const CInterfaceItem& src);
+    CInterfaceItem& operator=(const CInterfaceItem& src);
+    CInterfaceItem(CInterfaceItem&& src) noexcept;
+    CInterfaceItem& operator=(CInterfaceItem&& src) noexcept;
 
     CString m_strName;
     UINT m_nID = 0;
@@ -46,6 +50,10 @@ public:
 /// The items of a document, found by their number.
 class TESSARA_API CInterfaceItemArray : public CArray<CInterfaceItem, CInterfaceItem&> {
 public:
+    CInterfaceItemArray() = default;
+    CInterfaceItemArray(const CInterfaceItemArray& src);
+    CInterfaceItemArray& operator=(const CInterfaceItemArray& src);
+
     /// Switches the first item of that number; does nothing without one.
     void SelectItem(UINT nID, int bSelect);
     /// Zero without such an item.

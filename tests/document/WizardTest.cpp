@@ -1,0 +1,206 @@
+#include <gmock/gmock.h>
+
+#include "tessara/document/BaseFile.h"
+#include "tessara/document/DialogControls.h"
+#include "tests/cli/Folder.h"
+#include "tests/document/Hands.h"
+#include "tests/document/VariantFiles.h"
+
+namespace tessara {
+
+namespace {
+
+using ::testing::ElementsAre;
+
+/// Two Bases; the document is of PS-CH, which has variants 1 and 3.
+class Wizard : public ::testing::Test {
+protected:
+    void SetUp() override {
+        m_folder.Write(
+            "bas00001.bva",
+            CVariantFile{.nNumber = 0, .strName = "first", .strComment = "of old", .strTag = "ab"}.Bytes());
+        m_folder.Write("bas00002.bva", CVariantFile{.nNumber = 2, .strName = "third"}.Bytes());
+        m_folder.Write("bas00005.bva", CVariantFile{.strBase = "PE", .strName = "other"}.Bytes());
+        m_owner.CreateEx(0, nullptr, "Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 400, 300),
+                         nullptr, 0);
+    }
+    void TearDown() override { m_owner.DestroyWindow(); }
+
+    std::string Comment(UINT nTemplate) { return TextOf(ControlOf(nTemplate, IDC_COMMENT)); }
+    void SaveData() {
+        CBaseFile file;
+        ASSERT_NE(file.Open(m_file.GetFilePath(), 2, FALSE), 0);
+        file.Write("data", 4);
+        file.Close();
+    }
+
+    CFolder m_folder;
+    std::string m_strDirectory = m_folder.Path("");
+    CWnd m_owner;
+    CBaseFile m_file{m_strDirectory.c_str(), "bva", "PS-CH", "cd"};
+};
+
+TEST_F(Wizard, LoadsAVariantOfTheChosenBase) {
+    {
+        CHands hands;
+        hands
+            .Look(IDD_SELECT_BASE,
+                  [] {
+                      EXPECT_THAT(CHands::Lines(IDD_SELECT_BASE, IDC_BASES), ElementsAre("PE", "PS-CH"));
+                      EXPECT_EQ(CHands::Selected(IDD_SELECT_BASE, IDC_BASES), 1);
+                  })
+            .Select(IDD_SELECT_BASE, IDC_BASES, 0)
+            .Press(IDD_SELECT_BASE, IDC_NEXT)
+            .Look(IDD_LOAD_VARIANT,
+                  [this] {
+                      EXPECT_EQ(TextOf(ControlOf(IDD_LOAD_VARIANT, IDC_BASE_NAME)), "PE");
+                      EXPECT_THAT(CHands::Lines(IDD_LOAD_VARIANT, IDC_VARIANTS), ElementsAre("1 other"));
+                      EXPECT_EQ(Comment(IDD_LOAD_VARIANT), "No comments for this variant.");
+                  })
+            .Press(IDD_LOAD_VARIANT, IDC_PREVIOUS)
+            .Look(IDD_SELECT_BASE, [] { EXPECT_EQ(CHands::Selected(IDD_SELECT_BASE, IDC_BASES), 0); })
+            .Select(IDD_SELECT_BASE, IDC_BASES, 1)
+            .Press(IDD_SELECT_BASE, IDC_NEXT)
+            .Look(IDD_LOAD_VARIANT,
+                  [this] {
+                      EXPECT_THAT(CHands::Lines(IDD_LOAD_VARIANT, IDC_VARIANTS),
+                                  ElementsAre("1 first (ab)", "3 third"));
+                      EXPECT_EQ(Comment(IDD_LOAD_VARIANT), "of old");
+                  })
+            .Select(IDD_LOAD_VARIANT, IDC_VARIANTS, 1)
+            .Look(IDD_LOAD_VARIANT,
+                  [this] { EXPECT_EQ(Comment(IDD_LOAD_VARIANT), "No comments for this variant."); })
+            .Press(IDD_LOAD_VARIANT, IDOK);
+        EXPECT_NE(m_file.GetBase(&m_owner, 1), 0);
+    }
+    EXPECT_EQ(m_file.GetFilePath(), m_folder.Path("bas00002.bva").c_str());
+    EXPECT_EQ(m_file.m_nVariantNumber, 2);
+}
+
+TEST_F(Wizard, LoadingAsksForABaseAndSeesAVariantThatHasGone) {
+    m_file.m_pszBaseName = "none";
+    CHands hands;
+    hands.Press(IDD_SELECT_BASE, IDC_NEXT)
+        .Answer("Select Base", "You must select a Base first!", QMessageBox::Ok)
+        .Select(IDD_SELECT_BASE, IDC_BASES, 1)
+        .Press(IDD_SELECT_BASE, IDC_NEXT)
+        .Look(IDD_LOAD_VARIANT, [this] { unlink(m_folder.Path("bas00001.bva").c_str()); })
+        .Press(IDD_LOAD_VARIANT, IDOK)
+        .Answer("Load Variant", "Another program has deleted or replaced this variant meanwhile.",
+                QMessageBox::Ok)
+        .Look(IDD_LOAD_VARIANT,
+              [] { EXPECT_THAT(CHands::Lines(IDD_LOAD_VARIANT, IDC_VARIANTS), ElementsAre("3 third")); })
+        .Press(IDD_LOAD_VARIANT, IDCANCEL);
+    EXPECT_EQ(m_file.GetBase(&m_owner, 1), 0);
+    EXPECT_EQ(m_file.m_nVariantNumber, -1);
+}
+
+TEST_F(Wizard, SavesIntoAnEmptySlotUnderTheNextNumber) {
+    {
+        CHands hands;
+        hands
+            .Look(IDD_SAVE_VARIANT,
+                  [] {
+                      EXPECT_THAT(
+                          CHands::Lines(IDD_SAVE_VARIANT, IDC_VARIANTS),
+                          ElementsAre("1 first (ab)", "2 --- empty ---", "3 third", "4 --- empty ---"));
+                      EXPECT_EQ(CHands::Selected(IDD_SAVE_VARIANT, IDC_VARIANTS), 3);
+                      EXPECT_EQ(TextOf(ControlOf(IDD_SAVE_VARIANT, IDC_VARIANT_NUMBER)), "Variant Number: 4");
+                  })
+            .Press(IDD_SAVE_VARIANT, IDOK)
+            .Answer("Save Variant", "You have to specify variant name first!", QMessageBox::Ok)
+            .Select(IDD_SAVE_VARIANT, IDC_VARIANTS, 1)
+            .Type(IDD_SAVE_VARIANT, IDC_VARIANT_NAME, "second, and too long")
+            .Press(IDD_SAVE_VARIANT, IDOK)
+            .Answer("Save Variant", "Are you sure you do not want to specify the comments for this variant ?",
+                    QMessageBox::No)
+            .Type(IDD_SAVE_VARIANT, IDC_COMMENT, "twelve bytes")
+            .Press(IDD_SAVE_VARIANT, IDOK);
+        EXPECT_NE(m_file.GetBase(&m_owner, 2), 0);
+    }
+    EXPECT_EQ(m_file.m_nVariantNumber, 1);
+    EXPECT_THAT(m_folder.List(), ElementsAre("bas00001.bva", "bas00002.bva", "bas00005.bva"));
+    SaveData();
+    EXPECT_EQ(m_file.GetFilePath(), m_folder.Path("bas00006.bva").c_str());
+    EXPECT_EQ(m_folder.Read("bas00006.bva"),
+              (CVariantFile{
+                  .nNumber = 1, .strName = "second, and too ", .strComment = "twelve bytes", .strTag = "cd"}
+                   .Bytes()));
+}
+
+TEST_F(Wizard, SavesOverAVariantIntoItsOwnFileWithoutAnInventedComment) {
+    {
+        CHands hands;
+        hands.Select(IDD_SAVE_VARIANT, IDC_VARIANTS, 2)
+            .Press(IDD_SAVE_VARIANT, IDOK)
+            .Answer("Save Variant", "Warning! Variant already exists! Overwrite?", QMessageBox::No)
+            .Press(IDD_SAVE_VARIANT, IDOK)
+            .Answer("Save Variant", "Warning! Variant already exists! Overwrite?", QMessageBox::Yes);
+        EXPECT_NE(m_file.GetBase(&m_owner, 2), 0);
+    }
+    EXPECT_EQ(m_file.GetFilePath(), m_folder.Path("bas00002.bva").c_str());
+    SaveData();
+    EXPECT_EQ(m_folder.Read("bas00002.bva"),
+              (CVariantFile{.nNumber = 2, .strName = "third", .strTag = "cd"}.Bytes()));
+}
+
+TEST_F(Wizard, SavingSeesWhatAnotherProgramDidMeanwhile) {
+    CHands hands;
+    hands.Type(IDD_SAVE_VARIANT, IDC_VARIANT_NAME, "mine")
+        .Type(IDD_SAVE_VARIANT, IDC_COMMENT, "x")
+        .Look(IDD_SAVE_VARIANT,
+              [this] {
+                  m_folder.Write("bas00006.bva", CVariantFile{.nNumber = 3, .strName = "theirs"}.Bytes());
+              })
+        .Press(IDD_SAVE_VARIANT, IDOK)
+        .Answer("Save Variant",
+                "Another program has changed this Base meanwhile.\nPlease look at the list again.",
+                QMessageBox::Ok)
+        .Look(IDD_SAVE_VARIANT,
+              [] {
+                  EXPECT_THAT(CHands::Lines(IDD_SAVE_VARIANT, IDC_VARIANTS),
+                              ElementsAre("1 first (ab)", "2 --- empty ---", "3 third", "4 theirs",
+                                          "5 --- empty ---"));
+              })
+        .Press(IDD_SAVE_VARIANT, IDCANCEL);
+    EXPECT_EQ(m_file.GetBase(&m_owner, 2), 0);
+}
+
+TEST_F(Wizard, DeletesABaseOrAVariantAndTellsOfTheDocumentsOwn) {
+    const char* const pszOwnBase = "You are trying to delete the Base\n to which the BV you are working with "
+                                   "corresponds.\n Delete the Base anyway ?";
+    {
+        CHands hands;
+        hands.Select(IDD_DELETE_BASE, IDC_BASES, 0)
+            .Press(IDD_DELETE_BASE, IDC_DELETE)
+            .Answer("Delete Base", "Are you sure you want to delete the selected Base?", QMessageBox::Yes);
+        EXPECT_EQ(m_file.DeleteBase(&m_owner, 0), 0);
+    }
+    EXPECT_THAT(m_folder.List(), ElementsAre("bas00001.bva", "bas00002.bva"));
+    {
+        CHands hands;
+        hands.Press(IDD_DELETE_BASE, IDC_NEXT)
+            .Select(IDD_DELETE_VARIANT, IDC_VARIANTS, 1)
+            .Press(IDD_DELETE_VARIANT, IDC_DELETE)
+            .Answer("Delete Variant", "Are you sure you want to delete selected Base Variant?",
+                    QMessageBox::Yes);
+        EXPECT_EQ(m_file.DeleteBase(&m_owner, 0), 0);
+    }
+    EXPECT_THAT(m_folder.List(), ElementsAre("bas00001.bva"));
+    {
+        CHands hands;
+        hands.Press(IDD_DELETE_BASE, IDC_DELETE)
+            .Answer("Delete Base", pszOwnBase, QMessageBox::No)
+            .Press(IDD_DELETE_BASE, IDC_NEXT)
+            .Press(IDD_DELETE_VARIANT, IDC_DELETE)
+            .Answer("Delete Variant",
+                    "You are trying to delete the Base Variant\nyou are working with. Delete anyway?",
+                    QMessageBox::Yes);
+        EXPECT_NE(m_file.DeleteBase(&m_owner, 0), 0);
+    }
+    EXPECT_TRUE(m_folder.List().empty());
+}
+
+} // namespace
+
+} // namespace tessara
