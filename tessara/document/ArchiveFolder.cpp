@@ -6,10 +6,12 @@
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
-#include <memory>
+#include <map>
 #include <sys/stat.h>
+#include <system_error>
 
 #include "tessara/document/VariantHeader.h"
+#include "tessara/platform/files/Descriptor.h"
 
 namespace tessara {
 
@@ -77,11 +79,15 @@ std::string TitleOf(int nNumber) {
     return text;
 }
 
-std::optional<CVariantHeader> ReadHeader(const CDescriptor& file) {
+/// Whether the file has a whole header.
+bool ReadBytes(const CDescriptor& file, CVariantHeader::CBytes& bytes) {
+    return file && Uninterrupted([&] { return pread(file.Get(), bytes.data(), bytes.size(), 0); }) ==
+                       static_cast<ssize_t>(bytes.size());
+}
+
+std::optional<CVariantHeader> HeaderOf(const CDescriptor& file) {
     CVariantHeader::CBytes bytes;
-    const ssize_t nRead =
-        file ? Uninterrupted([&] { return pread(file.Get(), bytes.data(), bytes.size(), 0); }) : -1;
-    return nRead == static_cast<ssize_t>(bytes.size()) ? CVariantHeader::Parse(bytes) : std::nullopt;
+    return ReadBytes(file, bytes) ? CVariantHeader::Parse(bytes) : std::nullopt;
 }
 
 } // namespace
@@ -100,18 +106,33 @@ std::string CArchiveFolder::PathOf(const std::string& strTitle) const {
     return m_strDirectory + NameOf(strTitle);
 }
 
+/// The names of the extension, whatever has them.
+std::vector<std::string> CArchiveFolder::Names() const {
+    std::vector<std::string> names;
+    const CFolderPtr pEntries = *m_pFolder ? Entries(m_pFolder->Get()) : nullptr;
+    while (const dirent* const pEntry = pEntries ? readdir(pEntries.get()) : nullptr) {
+        if (std::string_view(pEntry->d_name).ends_with(m_strSuffix)) {
+            names.emplace_back(pEntry->d_name);
+        }
+    }
+    return names;
+}
+
 std::vector<std::string> CArchiveFolder::Titles() const {
     std::vector<std::string> titles;
     const CFolderPtr pEntries = *m_pFolder ? Entries(m_pFolder->Get()) : nullptr;
     while (const dirent* const pEntry = pEntries ? readdir(pEntries.get()) : nullptr) {
         const std::string_view strName = pEntry->d_name;
-        const std::size_t nTitle = strName.size() - std::min(strName.size(), m_strSuffix.size());
-        if (nTitle >= 1 && nTitle <= MAX_TITLE && strName.ends_with(m_strSuffix) && strName.front() != '.' &&
-            IsPlainFile(m_pFolder->Get(), *pEntry)) {
-            titles.emplace_back(strName.substr(0, nTitle));
+        if (strName.ends_with(m_strSuffix) && IsTitle(strName) && IsPlainFile(m_pFolder->Get(), *pEntry)) {
+            titles.emplace_back(strName.substr(0, strName.size() - m_strSuffix.size()));
         }
     }
     return titles;
+}
+
+bool CArchiveFolder::IsTitle(std::string_view strName) const {
+    const std::size_t nTitle = strName.size() - m_strSuffix.size();
+    return nTitle >= 1 && nTitle <= MAX_TITLE && strName.front() != '.';
 }
 
 /// A name may lead elsewhere by now: no link is followed and no pipe waited for.
@@ -129,8 +150,8 @@ bool CArchiveFolder::IsEmpty() const {
 std::vector<ARCHIVEENTRY> CArchiveFolder::List() const {
     std::vector<ARCHIVEENTRY> entries;
     for (const std::string& strTitle : Titles()) {
-        const auto header = ReadHeader(OpenFile(strTitle));
-        if (header && !header->strBaseName.empty()) {
+        const auto header = HeaderOf(OpenFile(strTitle));
+        if (header) {
             entries.push_back(EntryOf(strTitle, *header));
         }
     }
@@ -139,13 +160,17 @@ std::vector<ARCHIVEENTRY> CArchiveFolder::List() const {
 }
 
 bool CArchiveFolder::Has(const ARCHIVEENTRY& entry) const {
-    const auto header = ReadHeader(OpenFile(entry.szFileTitle));
+    const auto header = HeaderOf(OpenFile(entry.szFileTitle));
     return header && IsSameVariant(EntryOf(entry.szFileTitle, *header), entry);
+}
+
+std::optional<CVariantHeader> CArchiveFolder::ReadHeader(const std::string& strTitle) const {
+    return HeaderOf(OpenFile(strTitle));
 }
 
 std::optional<std::string> CArchiveFolder::ReadComment(const std::string& strTitle) const {
     const CDescriptor file = OpenFile(strTitle);
-    const auto header = ReadHeader(file);
+    const auto header = HeaderOf(file);
     if (!header) {
         return std::nullopt;
     }
@@ -157,6 +182,55 @@ std::optional<std::string> CArchiveFolder::ReadComment(const std::string& strTit
     }
     strComment.resize(static_cast<std::size_t>(nRead));
     return strComment.substr(0, strComment.find('\0'));
+}
+
+std::string CArchiveFolder::FaultOf(const std::string& strName) const {
+    struct stat status;
+    if (fstatat(m_pFolder->Get(), strName.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
+        return std::generic_category().message(errno);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return "is not a plain file";
+    }
+    if (!IsTitle(strName)) {
+        return "has no title of 1 to 8 characters";
+    }
+    const CDescriptor file = OpenFile(strName.substr(0, strName.size() - m_strSuffix.size()));
+    if (!file) {
+        return "cannot be read: " + std::generic_category().message(errno);
+    }
+    CVariantHeader::CBytes bytes;
+    if (!ReadBytes(file, bytes)) {
+        return "is shorter than a header";
+    }
+    const std::string strFault = CVariantHeader::Fault(bytes);
+    const auto nComment = static_cast<std::size_t>(std::max(CVariantHeader::CommentLength(bytes), 0));
+    return !strFault.empty() || CVariantHeader::SIZE + nComment <= static_cast<std::size_t>(status.st_size)
+               ? strFault
+               : "ends before its comment does";
+}
+
+std::vector<CArchiveFinding> CArchiveFolder::Check() const {
+    std::map<std::string, std::string> faults;
+    for (const std::string& strName : Names()) {
+        faults[strName] = FaultOf(strName);
+    }
+    const std::vector<ARCHIVEENTRY> entries = List();
+    for (std::size_t i = 1; i < entries.size(); ++i) {
+        const ARCHIVEENTRY& first = entries[i - 1];
+        const ARCHIVEENTRY& second = entries[i];
+        if (std::strcmp(first.szBaseName, second.szBaseName) == 0 &&
+            first.nVariantNumber == second.nVariantNumber) {
+            std::string& strFault = faults[NameOf(second.szFileTitle)];
+            strFault =
+                strFault.empty() ? "has the Base and number of " + NameOf(first.szFileTitle) : strFault;
+        }
+    }
+    std::vector<CArchiveFinding> findings;
+    for (const auto& [strName, strFault] : faults) {
+        findings.push_back({strName, strFault});
+    }
+    return findings;
 }
 
 bool IsSameVariant(const ARCHIVEENTRY& first, const ARCHIVEENTRY& second) {

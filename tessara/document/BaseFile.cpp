@@ -14,6 +14,17 @@ using tessara::CPendingVariant;
 using tessara::CReplacementFile;
 using tessara::CVariantHeader;
 
+namespace {
+
+void OpenOrThrow(CFile& file, const char* lpszPathName) {
+    CFileException error;
+    if (!file.CFile::Open(lpszPathName, CFile::modeRead | CFile::typeBinary, &error)) {
+        throw error;
+    }
+}
+
+} // namespace
+
 CBaseFile::CBaseFile() = default;
 
 CBaseFile::CBaseFile(const char* lpszArchiveDirectory, const char* lpszExtension, const char* lpszBaseName,
@@ -25,48 +36,55 @@ CBaseFile::~CBaseFile() {
     CBaseFile::Abort();
 }
 
-int CBaseFile::Open(const char* lpszPathName, int nMode, int bCreate) {
+int CBaseFile::Open(const char* lpszPathName, int nMode, int bCreate, CFileException* pError) {
     constexpr int READING = 1;
     constexpr int WRITING = 2;
     CBaseFile::Abort();
     m_dwDataOffset = 0;
     try {
-        if (nMode == READING) {
-            if (!CFile::Open(lpszPathName, modeRead | typeBinary)) {
-                return FALSE;
-            }
+        switch (nMode) {
+        case READING:
+            OpenOrThrow(*this, lpszPathName);
             FindData();
             return TRUE;
+        case WRITING:
+            OpenForWriting(lpszPathName, bCreate);
+            return TRUE;
+        default:
+            return FALSE;
         }
-        return nMode == WRITING && OpenForWriting(lpszPathName, bCreate);
-    } catch (const CFileException&) {
+    } catch (const CFileException& error) {
         CBaseFile::Abort();
+        if (pError) {
+            *pError = error;
+        }
         return FALSE;
     }
 }
 
 /// What is written goes into a file beside the old one, so that one begins as its copy.
-bool CBaseFile::OpenForWriting(const char* lpszPathName, int bCreate) {
+void CBaseFile::OpenForWriting(const char* lpszPathName, int bCreate) {
     CPendingVariant* const pPending = bCreate ? nullptr : CPendingVariant::Find(lpszPathName);
     CFile old;
-    if (!bCreate && !pPending && !old.Open(lpszPathName, modeRead | typeBinary)) {
-        return false;
+    if (pPending) {
+        pPending->MakeFolder();
+    } else if (!bCreate) {
+        OpenOrThrow(old, lpszPathName);
     }
-    if (!CReplacementFile::Open(lpszPathName)) {
-        return false;
+    CFileException error;
+    if (!CReplacementFile::Open(lpszPathName, modeCreate | modeReadWrite, &error)) {
+        throw error;
     }
     m_bWriting = true;
-    if (bCreate) {
-        return true;
-    }
     if (pPending) {
         pPending->Write(*this);
         m_pSaving = pPending;
-    } else {
+    } else if (!bCreate) {
         CopyFrom(old);
     }
-    FindData();
-    return true;
+    if (!bCreate) {
+        FindData();
+    }
 }
 
 void CBaseFile::CopyFrom(CFile& source) {
@@ -84,7 +102,10 @@ void CBaseFile::FindData() {
     const int nComment = CVariantHeader::CommentLength(bytes);
     const std::uint64_t nOffset = CVariantHeader::SIZE + static_cast<std::uint64_t>(std::max(nComment, 0));
     if (nComment < 0 || (nComment > 0 && nOffset > GetLength())) {
-        Throw(CFileException::genericException);
+        CFileException error(CFileException::genericException, -1, GetFilePath());
+        static_cast<CException&>(error) =
+            CException(std::string(GetFilePath()) + ": its comment is not whole");
+        throw error;
     }
     m_dwDataOffset = static_cast<DWORD>(nOffset);
     CFile::Seek(static_cast<std::int64_t>(nOffset), begin);
@@ -112,6 +133,7 @@ void CBaseFile::CloseNew() {
         }
         m_pSaving->TakeNextTitle();
     }
+    SetFilePath(m_pSaving->GetPath().c_str());
 }
 
 void CBaseFile::Abort() {

@@ -50,8 +50,9 @@ public:
     /// its header and comment are there. Where somebody else has taken a new variant's file by the time it is
     /// closed, it gets the next number, and the wizard's GetFilePath tells which.
     ///
-    /// Returns zero when the file cannot be opened, or when its comment would not lie within it.
-    int Open(const char* lpszPathName, int nMode, int bCreate);
+    /// Returns zero when the file cannot be opened, or when its comment would not lie within it, with the
+    /// reason in pError if given.
+    int Open(const char* lpszPathName, int nMode, int bCreate, CFileException* pError = nullptr);
     void Close() override;
     void Abort() override;
 
@@ -79,7 +80,7 @@ private:
     using CReplacementFile::Open;
     int GetBaseLoad(CWnd* pParent);
     int GetBaseSave(CWnd* pParent);
-    bool OpenForWriting(const char* lpszPathName, int bCreate);
+    void OpenForWriting(const char* lpszPathName, int bCreate);
     void CopyFrom(CFile& source);
     void FindData();
     void CloseNew();

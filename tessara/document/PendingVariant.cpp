@@ -1,6 +1,7 @@
 #include "tessara/document/PendingVariant.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <vector>
 
 namespace tessara {
@@ -30,6 +31,15 @@ CPendingVariant* CPendingVariant::Find(const char* lpszPath) {
         return pPending->GetPath() == lpszPath;
     });
     return found == All().rend() ? nullptr : *found;
+}
+
+void CPendingVariant::MakeFolder() const {
+    const std::filesystem::path folder = std::filesystem::path(GetPath()).parent_path();
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error) {
+        throw CFileException::FromErrno(error.value(), folder.c_str());
+    }
 }
 
 void CPendingVariant::Write(CFile& file) const {

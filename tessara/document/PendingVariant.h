@@ -28,6 +28,8 @@ public:
     /// The one of a path, or null.
     static CPendingVariant* Find(const char* lpszPath);
 
+    /// Makes the archive's folder where there is none yet, or throws CFileException.
+    void MakeFolder() const;
     /// Writes header and comment, with a zero behind the comment that the document's data overwrite.
     void Write(CFile& file) const;
 

@@ -60,18 +60,28 @@ void PutText(CVariantHeader::CBytes& bytes, const CField& field, const std::stri
 
 } // namespace
 
+std::string CVariantHeader::Fault(CHeaderSpan bytes) {
+    if (Unsigned(bytes, SIGNATURE_OFFSET, 4) != SIGNATURE) {
+        return "is no Base Variant file";
+    }
+    if (const std::uint32_t nVersion = Unsigned(bytes, VERSION_OFFSET, 2); nVersion != VERSION) {
+        return "is of version " + std::to_string(nVersion >> 8) + "." + std::to_string(nVersion & 0xFF);
+    }
+    if (!Text(bytes, BASE_NAME) || !Text(bytes, BASE_TAG) || !Text(bytes, VARIANT_NAME)) {
+        return "has a text without an end";
+    }
+    if (CommentLength(bytes) < 0) {
+        return "has a comment of negative length";
+    }
+    return Text(bytes, BASE_NAME)->empty() ? "names no Base" : "";
+}
+
 std::optional<CVariantHeader> CVariantHeader::Parse(CHeaderSpan bytes) {
-    const auto strBaseName = Text(bytes, BASE_NAME);
-    const auto strBaseTag = Text(bytes, BASE_TAG);
-    const auto strVariantName = Text(bytes, VARIANT_NAME);
-    const int nCommentLength = CommentLength(bytes);
-    if (Unsigned(bytes, SIGNATURE_OFFSET, 4) != SIGNATURE || Unsigned(bytes, VERSION_OFFSET, 2) != VERSION ||
-        !strBaseName || !strBaseTag || !strVariantName || nCommentLength < 0) {
+    if (!Fault(bytes).empty()) {
         return std::nullopt;
     }
-    return CVariantHeader{
-        *strBaseName,  *strBaseTag, *strVariantName, VariantNumber(bytes), Short(bytes, RESERVED_OFFSET),
-        nCommentLength};
+    return CVariantHeader{*Text(bytes, BASE_NAME), *Text(bytes, BASE_TAG),        *Text(bytes, VARIANT_NAME),
+                          VariantNumber(bytes),    Short(bytes, RESERVED_OFFSET), CommentLength(bytes)};
 }
 
 CVariantHeader::CBytes CVariantHeader::Format() const {

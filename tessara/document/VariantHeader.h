@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 
+#include "tessara/platform/base/Api.h"
 #include "tessara/platform/base/Types.h"
 
 namespace tessara {
@@ -13,7 +14,7 @@ namespace tessara {
 ///
 /// Texts are bytes without a zero among them. Format cuts those that are too long for their field, never
 /// inside a character.
-struct CVariantHeader {
+struct TESSARA_API CVariantHeader {
     static constexpr std::size_t SIZE = 290; ///< bytes
     static constexpr std::size_t MAX_BASE_NAME = 128;
     static constexpr std::size_t MAX_BASE_TAG = 2;
@@ -28,8 +29,11 @@ struct CVariantHeader {
     int nReserved = 0;
     int nCommentLength = 0; ///< bytes
 
-    /// Nothing unless signature and version are those of the format, each text ends within its field and the
-    /// comment has no negative length.
+    /// What keeps a file with this header out of listings, in a few words; empty for nothing: signature and
+    /// version are those of the format, each text ends within its field, the comment has no negative length,
+    /// the Base has a name.
+    static std::string Fault(std::span<const BYTE, SIZE> bytes);
+    /// Nothing when there is a fault.
     static std::optional<CVariantHeader> Parse(std::span<const BYTE, SIZE> bytes);
     CBytes Format() const;
 
