@@ -126,14 +126,15 @@ void CBaseFile::Close() {
 /// The title that the wizard has found may be somebody else's by now. Titles are five digits: a hundred
 /// thousand refusals mean that all are taken.
 void CBaseFile::CloseNew() {
+    CPendingVariant& saving = *m_pSaving; // forgotten when the file is closed
     constexpr int TITLES = 100000;
-    for (int nAttempt = 0; !CloseAsNew(m_pSaving->GetFileName().c_str()); ++nAttempt) {
+    for (int nAttempt = 0; !CloseAsNew(saving.GetFileName().c_str()); ++nAttempt) {
         if (nAttempt == TITLES) {
             Throw(CFileException::directoryFull);
         }
-        m_pSaving->TakeNextTitle();
+        saving.TakeNextTitle();
     }
-    SetFilePath(m_pSaving->GetPath().c_str());
+    SetFilePath(saving.GetPath().c_str());
 }
 
 void CBaseFile::Abort() {

@@ -14,6 +14,7 @@
 #include "tessara/platform/ui/frames/View.h"
 #include "tessara/platform/ui/frames/WinApp.h"
 #include "tessara/platform/ui/resources/MenuResources.h"
+#include "tessara/platform/ui/threads/Loop.h"
 #include "tests/document/Hands.h"
 #include "tests/document/VariantFiles.h"
 #include "tests/support/Golden.h"
@@ -109,6 +110,7 @@ protected:
     }
     void TearDown() override {
         m_pApp->m_pMainWnd->DestroyWindow();
+        tessara::TakeExitCode();
         std::filesystem::remove_all(std::string(m_strDirectory));
     }
 
@@ -188,7 +190,7 @@ TEST_F(BaseVariant, AFailedOpeningTellsAndLeavesNothingToBeSavedByMistake) {
     const std::string strOpening = "The document could not be opened.\n" + strPath + "\n";
     {
         CHands hands;
-        hands.Answer("Notes", (strOpening + strPath + ": its comment is not whole").c_str(), QMessageBox::Ok);
+        hands.Answer(nullptr, (strOpening + strPath + ": its comment is not whole"), QMessageBox::Ok);
         EXPECT_FALSE(Document().OnOpenDocument(strPath.c_str()));
     }
     EXPECT_EQ(Document().m_strText, "mine");
@@ -196,7 +198,7 @@ TEST_F(BaseVariant, AFailedOpeningTellsAndLeavesNothingToBeSavedByMistake) {
     Put("cut.bva", {.nNumber = 4, .strData = "damaged"});
     {
         CHands hands;
-        hands.Answer("Notes", (strOpening + CArchiveException(CArchiveException::badIndex).what()).c_str(),
+        hands.Answer(nullptr, (strOpening + CArchiveException(CArchiveException::badIndex).what()),
                      QMessageBox::Ok);
         EXPECT_FALSE(Document().OnOpenDocument(strPath.c_str()));
     }
@@ -216,10 +218,9 @@ TEST_F(BaseVariant, AFailedSaveOverAVariantLeavesIt) {
     hands.Select(tessara::IDD_SAVE_VARIANT, tessara::IDC_VARIANTS, 0)
         .Press(tessara::IDD_SAVE_VARIANT, IDOK)
         .Answer("Save Variant", "Warning! Variant already exists! Overwrite?", QMessageBox::Yes)
-        .Answer("Notes",
+        .Answer(nullptr,
                 ("The document could not be saved.\n" + PathOf("bas00004.bva") + "\n" +
-                 CArchiveException(CArchiveException::genericException).what())
-                    .c_str(),
+                 CArchiveException(CArchiveException::genericException).what()),
                 QMessageBox::Ok);
     EXPECT_FALSE(Document().DoSave(nullptr));
     EXPECT_EQ(Bytes("bas00004.bva"), strOld);
@@ -262,11 +263,11 @@ TEST_F(BaseVariant, AsksBeforeUnsavedWorkGoes) {
          {std::pair(QMessageBox::Cancel, FALSE), std::pair(QMessageBox::No, TRUE)}) {
         Document().SetModifiedFlag();
         CHands hands;
-        hands.Answer("Notes", pszQuestion, eButton);
+        hands.Answer(nullptr, pszQuestion, eButton);
         EXPECT_EQ(Document().SaveModified(), bExpected);
     }
     CHands hands;
-    hands.Answer("Notes", pszQuestion, QMessageBox::Yes).Press(tessara::IDD_SAVE_VARIANT, IDCANCEL);
+    hands.Answer(nullptr, pszQuestion, QMessageBox::Yes).Press(tessara::IDD_SAVE_VARIANT, IDCANCEL);
     EXPECT_FALSE(Document().SaveModified());
     EXPECT_FALSE(std::filesystem::exists(std::string(m_strDirectory)));
     Document().SetModifiedFlag(FALSE);

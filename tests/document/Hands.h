@@ -43,13 +43,15 @@ public:
         });
     }
     CHands& Look(UINT nTemplate, std::function<void()> look) { return In(nTemplate, std::move(look)); }
-    /// Expects a message box with that caption and text and presses the button.
-    CHands& Answer(const char* pszCaption, const char* pszText, QMessageBox::StandardButton eButton) {
+    /// Expects a message box with that caption (null for any) and text and presses the button.
+    CHands& Answer(const char* pszCaption, const std::string& strText, QMessageBox::StandardButton eButton) {
         m_steps.push_back([=] {
             auto* const pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             if (pBox) {
-                EXPECT_EQ(pBox->windowTitle().toStdString(), pszCaption);
-                EXPECT_EQ(pBox->text().toStdString(), pszText);
+                if (pszCaption) {
+                    EXPECT_EQ(pBox->windowTitle().toStdString(), pszCaption);
+                }
+                EXPECT_EQ(pBox->text().toStdString(), strText);
                 QTest::mouseClick(pBox->button(eButton), Qt::LeftButton);
             }
             return pBox != nullptr;
