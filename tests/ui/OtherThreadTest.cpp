@@ -199,6 +199,8 @@ TEST_F(OtherThread, IsNotWaitedForWhenItsWindowsArePaintedAndTheLastAnswersAreSh
 }
 
 TEST_F(OtherThread, HasItsOwnAnswersAtOnce) {
+    // Not in the middle of its first painting, which serves calls.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Look() == FIRST_LOOK; }, LIMIT)) << Look();
     OnItsThread([&] {
         EXPECT_EQ(m_window.m_drawn.GetItemHeight(0), LINE_HEIGHT);
         EXPECT_EQ(m_window.m_table.GetItemText(0, 0), "200");
