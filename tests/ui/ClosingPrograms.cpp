@@ -149,11 +149,16 @@ bool CClosingModel::Make(int nWindow) {
     const CState* const pParent =
         planned.nParent >= 0 ? &m_states[static_cast<std::size_t>(planned.nParent)] : nullptr;
     state.bOwned = pParent && pParent->bThere;
-    if ((planned.bChild && !state.bOwned) || (state.bOwned && pParent->bTaken)) {
+    if ((planned.bChild && !(state.bOwned && pParent->bWidget)) || (state.bOwned && pParent->bTaken)) {
         Hear(nWindow, EHeard::gone);
         return false;
     }
-    state.bThere = true;
+    state.bThere = state.bWidget = true;
+    state.nWidgetParent = state.bOwned && pParent->bWidget ? planned.nParent : -1;
+    while (!planned.bChild && state.nWidgetParent >= 0 &&
+           m_program.windows[static_cast<std::size_t>(state.nWidgetParent)].bChild) {
+        state.nWidgetParent = m_program.windows[static_cast<std::size_t>(state.nWidgetParent)].nParent;
+    }
     m_made.push_back(nWindow);
     return true;
 }
@@ -195,9 +200,21 @@ void CClosingModel::TakeAway(int nWindow, int nEnd) {
             TakeAway(nOther, nEnd);
         }
     }
+    LoseWidget(nWindow);
     Hear(nWindow, EHeard::ncDestroy);
     state.bThere = false;
     Hear(nWindow, EHeard::gone);
+}
+
+/// With a widget go those in it and over it, also of windows whose own end has not come so far.
+void CClosingModel::LoseWidget(int nWindow) {
+    m_states[static_cast<std::size_t>(nWindow)].bWidget = false;
+    for (const int nOther : m_made) {
+        const CState& other = m_states[static_cast<std::size_t>(nOther)];
+        if (other.bWidget && other.nWidgetParent == nWindow) {
+            LoseWidget(nOther);
+        }
+    }
 }
 
 void CClosingModel::Close(int nWindow) {

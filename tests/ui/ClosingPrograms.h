@@ -70,6 +70,8 @@ private:
         int nEnd = 0; ///< which end it belongs to; 0 while none has begun
         bool bTaken = false;
         bool bOwned = false;
+        bool bWidget = false;
+        int nWidgetParent = -1;
         bool bRuns = false; ///< a modal dialog
         bool bEnded = false;
         int nResult = 0;
@@ -77,6 +79,7 @@ private:
 
     std::vector<int> Below(int nWindow, bool bChildren) const;
     bool Make(int nWindow);
+    void LoseWidget(int nWindow);
     void Destroy(int nWindow);
     void Tell(int nWindow, int nEnd);
     void TakeAway(int nWindow, int nEnd);

@@ -58,7 +58,10 @@ BOOL CWnd::CreateUnder(HWND hParent, DWORD dwExStyle, const char* pszClassName, 
     }
     m_hWnd = hWnd;
     try {
-        if (!MakeWindow(create, pszClassName, pszText, nID)) {
+        if (!MakeWidget(create, pszClassName, pszText, nID)) {
+            return FALSE;
+        }
+        if (!TellCreated(create)) {
             tessara::DestroyTree(hWnd);
         }
     } catch (...) {
@@ -68,28 +71,39 @@ BOOL CWnd::CreateUnder(HWND hParent, DWORD dwExStyle, const char* pszClassName, 
     return tessara::FindWindow(hWnd).has_value(); // a handler may have destroyed it, and with it this object
 }
 
-/// False when the window cannot be, or WM_CREATE says so; a handler may then have deleted the object already.
-BOOL CWnd::MakeWindow(const CREATESTRUCT& create, const char* pszClassName, const char* pszText, UINT nID) {
+/// False when there can be no widget; the object may have gone then, as after PostNcDestroy.
+bool CWnd::MakeWidget(const CREATESTRUCT& create, const char* pszClassName, const char* pszText, UINT nID) {
     const HWND hWnd = m_hWnd;
-    CREATESTRUCT told = create;
     const RECT place{create.x, create.y, create.x + create.cx, create.y + create.cy};
     const bool bMade = tessara::OnMainThread([&] {
         return tessara::MakePeer(
             {hWnd, pszClassName, pszText, create.style, create.dwExStyle, place, create.hwndParent, nID});
     });
-    if (!bMade || !tessara::FindWindow(hWnd)) {
-        return FALSE;
+    if (!tessara::FindWindow(hWnd)) {
+        return false; // its owner ended meanwhile, and it too
     }
+    if (!bMade) {
+        tessara::RemoveWindow(hWnd);
+        m_hWnd = nullptr;
+        PostNcDestroy();
+    }
+    return bMade;
+}
+
+/// False when WM_CREATE says that the window cannot be. Handlers may have deleted the object.
+bool CWnd::TellCreated(const CREATESTRUCT& create) {
+    const HWND hWnd = m_hWnd;
+    CREATESTRUCT told = create;
     PreSubclassWindow();
     if (::SendMessage(hWnd, WM_CREATE, 0, reinterpret_cast<LPARAM>(&told)) == -1) {
-        return FALSE;
+        return false;
     }
     if (tessara::FindWindow(hWnd) && (create.style & WS_VISIBLE)) {
         ShowWindow(create.style & WS_MAXIMIZE   ? SW_SHOWMAXIMIZED
                    : create.style & WS_MINIMIZE ? SW_SHOWMINIMIZED
                                                 : SW_SHOW);
     }
-    return TRUE;
+    return true;
 }
 
 BOOL CWnd::PreCreateWindow(CREATESTRUCT&) {

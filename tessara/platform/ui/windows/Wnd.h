@@ -258,7 +258,8 @@ protected:
     friend struct CWndAccess;
 
 private:
-    BOOL MakeWindow(const CREATESTRUCT& create, const char* pszClassName, const char* pszText, UINT nID);
+    bool MakeWidget(const CREATESTRUCT& create, const char* pszClassName, const char* pszText, UINT nID);
+    bool TellCreated(const CREATESTRUCT& create);
 
     mutable std::unique_ptr<CFont> m_pFont; ///< what GetFont has returned
 };
