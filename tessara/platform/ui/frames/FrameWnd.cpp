@@ -220,7 +220,9 @@ void CFrameWnd::ShowControlBar(CWnd* pBar, BOOL bShow, BOOL) {
 
 void CFrameWnd::UpdateControls() {
     for (const HWND hChild : tessara::ChildrenOf(m_hWnd)) {
-        CWnd* const pChild = FromHandle(hChild);
+        const auto record = tessara::FindWindow(hChild);
+        // A dialog that another thread has over the frame is that thread's to touch.
+        CWnd* const pChild = record && record->pOwner->IsOfThisThread() ? FromHandle(hChild) : nullptr;
         if (!pChild || !pChild->IsWindowVisible()) {
             continue;
         }
