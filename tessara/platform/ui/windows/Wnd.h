@@ -86,7 +86,7 @@ public:
     static CWnd* FromHandle(HWND hWnd);
     HWND GetSafeHwnd() const;
 
-    // Life
+    // Life: ui/windows/Wnd.cpp, WindowEnd.cpp
 
     /// Makes a window without a control's look. A null class name is the plain window. Returns zero when
     /// there can be none, when WM_CREATE is answered with -1, or when a handler has destroyed it: there is no
@@ -104,7 +104,7 @@ public:
     BOOL SubclassDlgItem(UINT nID, CWnd* pParent);
     HWND UnsubclassWindow();
 
-    // Relations
+    // Relations: ui/windows/Wnd.cpp
 
     CWnd* GetParent() const;
     CWnd* GetOwner() const { return GetParent(); }
@@ -118,7 +118,7 @@ public:
     /// Drops and adds styles, for those that a control looks at again.
     BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0);
 
-    // Text and font
+    // Text and font: qt/windows/Wnd.cpp; of controls by their number ui/windows/Wnd.cpp
 
     void SetWindowText(const char* pszText);
     /// Writes the text, zero-terminated, into a buffer of nMaxCount bytes and returns its length. What does
@@ -137,7 +137,7 @@ public:
     /// points to lives as long as this object and describes the font as it was at the last call.
     CFont* GetFont() const;
 
-    // Place and look
+    // Place and look: qt/windows/Wnd.cpp
 
     BOOL ShowWindow(int nCmdShow); ///< returns nonzero when it was visible before
     BOOL IsWindowVisible() const;
@@ -161,7 +161,7 @@ public:
     BOOL SetWindowPlacement(const WINDOWPLACEMENT* pPlacement);
     void BringWindowToTop();
 
-    // Input
+    // Input: qt/windows/Wnd.cpp
 
     CWnd* SetFocus(); ///< returns the window that had the focus
     static CWnd* GetFocus();
@@ -170,7 +170,7 @@ public:
     BOOL SetForegroundWindow();
     void DragAcceptFiles(BOOL bAccept = TRUE);
 
-    // Painting
+    // Painting: qt/windows/Wnd.cpp, BackingImage.cpp
 
     void Invalidate(BOOL bErase = TRUE);
     void InvalidateRect(const RECT* pRect, BOOL bErase = TRUE);
@@ -180,7 +180,7 @@ public:
     CDC* GetDC();
     int ReleaseDC(CDC* pDC);
 
-    // Menu and icon (top-level windows)
+    // Menu and icon (top-level windows): qt/frames/Menu.cpp, FrameWidget.cpp
 
     CMenu* GetMenu() const;
     void DrawMenuBar();
@@ -190,7 +190,7 @@ public:
     /// CInvalidArgException where there is no window.
     void SaveImage(const char* pszPath) const;
 
-    // Messages
+    // Messages: ui/windows/Wnd.cpp, ui/threads/Dispatch.cpp
 
     LRESULT SendMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0);
     BOOL PostMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0);
