@@ -161,13 +161,30 @@ bool MakePeer(const CWindowDescription& description) {
     return true;
 }
 
+namespace {
+
+/// Lets the windows of a widget and of all in it and over it know that they have none any more, also where it
+/// is deleted later.
+void DetachPeers(const QWidget& widget) {
+    QList<QWidget*> widgets = widget.findChildren<QWidget*>();
+    widgets.append(const_cast<QWidget*>(&widget));
+    for (const QWidget* pWidget : widgets) {
+        const CPeer* const pPeer = CPeer::Of(pWidget);
+        if (pPeer && &pPeer->GetWidget() == pWidget) {
+            ChangeWindow(pPeer->GetHandle(), [](CWindowRecord& record) { record.pPeer = nullptr; });
+        }
+    }
+}
+
+} // namespace
+
 void DestroyPeer(HWND hWnd) {
     CPeer* const pPeer = CPeer::Find(hWnd);
     if (!pPeer) {
         return;
     }
-    ChangeWindow(hWnd, [](CWindowRecord& record) { record.pPeer = nullptr; });
     const QPointer<QWidget> pWidget = &pPeer->GetWidget();
+    DetachPeers(*pWidget);
     pWidget->removeEventFilter(pPeer);
     pWidget->hide(); // what gets the focus instead may take this one's parent away
     if (CPeer::CEventScope::IsInside() && pWidget) {
