@@ -102,16 +102,12 @@ CPeer::CPeer(const CWindowDescription& description, QWidget* pWidget, QWidget* p
 }
 
 CPeer::~CPeer() {
-    // The record goes last, after another thread's handlers perhaps: nobody may find this peer there
-    // meanwhile.
+    // The record goes last, after another thread's handlers perhaps, and the widget may go with its parent's
+    // before the window's own end has come that far: nobody may find this peer there meanwhile.
     ChangeWindow(m_hWnd, [this](CWindowRecord& record) {
         record.pPeer = record.pPeer == this ? nullptr : record.pPeer;
     });
     Peers().remove(m_pWidget);
-    // The widget may go with its parent's while the window's own end has not come that far.
-    ChangeWindow(m_hWnd, [this](CWindowRecord& record) {
-        record.pPeer = record.pPeer == this ? nullptr : record.pPeer;
-    });
 }
 
 CPeer* CPeer::Find(HWND hWnd) {
