@@ -4,14 +4,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <dirent.h>
 #include <fcntl.h>
 #include <map>
 #include <sys/stat.h>
 #include <system_error>
 
 #include "tessara/document/VariantHeader.h"
-#include "tessara/platform/files/Descriptor.h"
+#include "tessara/platform/files/FolderEntries.h"
 
 namespace tessara {
 
@@ -20,20 +19,6 @@ namespace {
 constexpr std::size_t MAX_TITLE = sizeof(ARCHIVEENTRY::szFileTitle) - 1;
 constexpr int NUMBER_POSITION = 3; ///< of the digits in "bas00001"
 constexpr int MAX_NUMBER = 99999;
-
-struct FolderCloser {
-    void operator()(DIR* pFolder) const { closedir(pFolder); }
-};
-using CFolderPtr = std::unique_ptr<DIR, FolderCloser>;
-
-CFolderPtr Entries(int nFolder) {
-    CDescriptor descriptor(openat(nFolder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    CFolderPtr pFolder(descriptor ? fdopendir(descriptor.Get()) : nullptr);
-    if (pFolder) {
-        descriptor.Release();
-    }
-    return pFolder;
-}
 
 /// Whether an entry of a folder is a plain file. Few file systems do not tell that with the name.
 bool IsPlainFile(int nFolder, const dirent& entry) {
@@ -109,7 +94,7 @@ std::string CArchiveFolder::PathOf(const std::string& strTitle) const {
 /// The names of the extension, whatever has them.
 std::vector<std::string> CArchiveFolder::Names() const {
     std::vector<std::string> names;
-    const CFolderPtr pEntries = *m_pFolder ? Entries(m_pFolder->Get()) : nullptr;
+    const CFolderPtr pEntries = *m_pFolder ? EntriesOf(m_pFolder->Get()) : nullptr;
     while (const dirent* const pEntry = pEntries ? readdir(pEntries.get()) : nullptr) {
         if (std::string_view(pEntry->d_name).ends_with(m_strSuffix)) {
             names.emplace_back(pEntry->d_name);
@@ -120,7 +105,7 @@ std::vector<std::string> CArchiveFolder::Names() const {
 
 std::vector<std::string> CArchiveFolder::Titles() const {
     std::vector<std::string> titles;
-    const CFolderPtr pEntries = *m_pFolder ? Entries(m_pFolder->Get()) : nullptr;
+    const CFolderPtr pEntries = *m_pFolder ? EntriesOf(m_pFolder->Get()) : nullptr;
     while (const dirent* const pEntry = pEntries ? readdir(pEntries.get()) : nullptr) {
         const std::string_view strName = pEntry->d_name;
         if (strName.ends_with(m_strSuffix) && IsTitle(strName) && IsPlainFile(m_pFolder->Get(), *pEntry)) {

@@ -1,29 +1,14 @@
 #include <cerrno>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 
+#include "tessara/platform/files/FolderEntries.h"
 #include "tessara/platform/files/UnfinishedFile.h"
 
 namespace tessara {
 
 namespace {
-
-struct FolderCloser {
-    void operator()(DIR* pFolder) const { closedir(pFolder); }
-};
-using CFolderPtr = std::unique_ptr<DIR, FolderCloser>;
-
-CFolderPtr Entries(int nFolder) {
-    CDescriptor descriptor(openat(nFolder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    CFolderPtr pFolder(descriptor ? fdopendir(descriptor.Get()) : nullptr);
-    if (pFolder) {
-        descriptor.Release();
-    }
-    return pFolder;
-}
 
 /// Whether the name means a plain file of this user's, and which; links are not followed.
 bool IsOurs(int nFolder, const char* pszName, struct stat& status) {
@@ -50,7 +35,7 @@ void RemoveUnlessHeld(int nFolder, const char* pszName) {
 } // namespace
 
 void RemoveStrays(int nFolder) noexcept {
-    const CFolderPtr pEntries = Entries(nFolder);
+    const CFolderPtr pEntries = EntriesOf(nFolder);
     while (const dirent* pEntry = pEntries ? readdir(pEntries.get()) : nullptr) {
         if (CTemporaryName::Is(pEntry->d_name)) {
             RemoveUnlessHeld(nFolder, pEntry->d_name);
