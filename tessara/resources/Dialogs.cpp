@@ -64,14 +64,15 @@ constexpr CDialogItem LOAD_VARIANT[] = {
     {CLASS_BUTTON, IDCANCEL, "Cancel", 203, 194, 50, 14, STOP},
 };
 
+// The name comes first: whoever saves has it in mind, and the free line is chosen already.
 constexpr CDialogItem SAVE_VARIANT[] = {
     {CLASS_STATIC, IDC_STATIC, "Base:", 7, 7, 20, 8, SHOWN},
     {CLASS_STATIC, 106, "", 30, 7, 223, 8, SHOWN | SS_NOPREFIX},
-    {CLASS_STATIC, IDC_STATIC, "Available variants", 7, 21, 246, 8, SHOWN},
-    {CLASS_LISTBOX, 107, "", 7, 31, 246, 92, LIST},
-    {CLASS_STATIC, 115, "Variant Number: 1", 7, 129, 246, 8, SHOWN},
-    {CLASS_STATIC, IDC_STATIC, "Variant Name (up to 16 symbols):", 7, 144, 124, 8, SHOWN},
-    {CLASS_EDIT, 111, "", 133, 142, 120, 12, LINE},
+    {CLASS_STATIC, 115, "Variant Number: 1", 7, 21, 246, 8, SHOWN},
+    {CLASS_STATIC, IDC_STATIC, "Variant Name (up to 16 symbols):", 7, 36, 124, 8, SHOWN},
+    {CLASS_EDIT, 111, "", 133, 34, 120, 12, LINE},
+    {CLASS_STATIC, IDC_STATIC, "Available variants", 7, 51, 246, 8, SHOWN},
+    {CLASS_LISTBOX, 107, "", 7, 61, 246, 92, LIST},
     {CLASS_STATIC, IDC_STATIC, "Comments to the variant", 7, 159, 246, 8, SHOWN},
     {CLASS_EDIT, 108, "", 7, 169, 246, 48, NOTES},
     {CLASS_BUTTON, IDOK, "Save", 149, 224, 50, 14, STOP | BS_DEFPUSHBUTTON},

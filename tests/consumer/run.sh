@@ -62,6 +62,13 @@ frame)
     timeout 60 "$work/frame" --screenshot "$work/frame.png"
     is_png "$work/frame.png" || fail "the example showed no window"
     ;;
+variants)
+    # The installed example with documents, built as its reader would and used with the keyboard.
+    export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
+    read -ra flags < <(pkg-config --cflags --libs tessara)
+    "${CXX:-c++}" -std=c++20 -Wall -Wextra "$examples/variants/Main.cpp" -o "$work/variants" "${flags[@]}"
+    timeout 200 "$here/walk_variants.sh" "$work/variants"
+    ;;
 documents)
     "$here/../documents/check_links.py" "$prefix/share/doc/tessara"
     # The installed data are the tree's; of the examples there is what a reader wants, not how they are built.
