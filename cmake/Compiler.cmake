@@ -9,7 +9,7 @@ if(TESSARA_SANITIZE)
   target_compile_options(tessara_settings INTERFACE -fsanitize=${TESSARA_SANITIZE} -fno-omit-frame-pointer
     -fno-sanitize-recover=all
     # What sanitizers add to the code makes GCC 12 see uninitialised values in the standard library.
-    -Wno-maybe-uninitialized)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(tessara_settings INTERFACE -fsanitize=${TESSARA_SANITIZE})
 endif()
 
