@@ -34,6 +34,7 @@ WORKS = [
     ("UnannouncedDiagramNoisy", "repainting them when changes are not announced, noisy", None),
     ("NewDiagramSmooth", "painting them with new data, smooth", None),
     ("NewDiagramNoisy", "painting them with new data, noisy", None),
+    ("ArchiveListing", "listing 10,000 variants of an archive", 1.2),
 ]
 # Answer, what it is, the milliseconds to keep to, and the replot of the peer beside it.
 ANSWERS = [

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <QAccessible>
+
 #include "tessara/document/BaseFile.h"
 #include "tessara/document/DialogControls.h"
 #include "tests/cli/Folder.h"
@@ -75,6 +77,48 @@ TEST_F(Wizard, LoadsAVariantOfTheChosenBase) {
     }
     EXPECT_EQ(m_file.GetFilePath(), m_folder.Path("bas00002.bva").c_str());
     EXPECT_EQ(m_file.m_nVariantNumber, 2);
+}
+
+/// The names that a screen reader has for what the Tab key leads to, in its order.
+std::string WalkWithTab(UINT nTemplate) {
+    std::string strNames;
+    QWidget& dialog = *DialogOf(nTemplate);
+    const QWidget* const pFirst = dialog.focusWidget();
+    do {
+        QWidget& focus = *dialog.focusWidget();
+        strNames +=
+            QAccessible::queryAccessibleInterface(&focus)->text(QAccessible::Name).toStdString() + "; ";
+        QTest::keyClick(&focus, Qt::Key_Tab);
+    } while (dialog.focusWidget() != pFirst);
+    return strNames;
+}
+
+TEST_F(Wizard, HasNamesAndAnOrderForTheKeyboardAlone) {
+    const auto walk = [](UINT nTemplate, std::string strNames) {
+        return [=] { EXPECT_EQ(WalkWithTab(nTemplate), strNames); };
+    };
+    CHands hands;
+    hands
+        .Look(IDD_SELECT_BASE, walk(IDD_SELECT_BASE, "Bases, available from the archive.; Next >>; Cancel; "))
+        .Press(IDD_SELECT_BASE, IDC_NEXT)
+        .Look(IDD_LOAD_VARIANT,
+              walk(IDD_LOAD_VARIANT, "Available variants; Comments to currently selected variant; "
+                                     "<< Previous; Load; Cancel; "))
+        .Press(IDD_LOAD_VARIANT, IDCANCEL)
+        .Look(IDD_SAVE_VARIANT,
+              walk(IDD_SAVE_VARIANT, "Variant Name (up to 16 symbols):; Available variants; "
+                                     "Comments to the variant; Save; Cancel; "))
+        .Press(IDD_SAVE_VARIANT, IDCANCEL)
+        .Look(IDD_DELETE_BASE,
+              walk(IDD_DELETE_BASE, "Bases, available from the archive.; Next >>; Delete Base; Cancel; "))
+        .Press(IDD_DELETE_BASE, IDC_NEXT)
+        .Look(IDD_DELETE_VARIANT,
+              walk(IDD_DELETE_VARIANT, "Available variants; Comments to currently selected variant; "
+                                       "<< Previous; Delete; Cancel; "))
+        .Press(IDD_DELETE_VARIANT, IDCANCEL);
+    m_file.GetBase(&m_owner, 1);
+    m_file.GetBase(&m_owner, 2);
+    m_file.DeleteBase(&m_owner, -1);
 }
 
 TEST_F(Wizard, LoadingAsksForABaseAndSeesAVariantThatHasGone) {
