@@ -71,6 +71,12 @@ TEST_F(ListTest, OnlyTheUsersChoiceIsTold) {
     EXPECT_EQ(m_dialog.TakeHeard(), "18:2 ");
     m_dialog.GotoDlgCtrl(m_dialog.GetDlgItem(ID_APPLY));
     EXPECT_EQ(m_dialog.TakeHeard(), "18:5 ");
+
+    list.SetCurSel(LB_ERR); // then an arrow key begins at the first line
+    list.SetFocus();
+    Press(ID_LINES, Qt::Key_Down);
+    EXPECT_EQ(list.GetCurSel(), 0);
+    EXPECT_EQ(m_dialog.TakeHeard(), "18:4 18:1 ");
 }
 
 TEST_F(ListTest, TheParentMeasuresAndDrawsTheLinesOfAnOwnerDrawnList) {

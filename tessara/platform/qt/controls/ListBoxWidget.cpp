@@ -1,5 +1,6 @@
 #include "tessara/platform/qt/controls/ListBoxWidget.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
 
@@ -126,6 +127,18 @@ void CListBoxWidget::paintEvent(QPaintEvent* pEvent) {
     const CPaintScope scope(*this);
     m_drawing.BeginPaint();
     QListView::paintEvent(pEvent);
+}
+
+/// Where no line is selected, Qt's arrow keys leave the one that they begin at: the first.
+void CListBoxWidget::keyPressEvent(QKeyEvent* pEvent) {
+    const int nKey = pEvent->key();
+    const bool bArrow = nKey == Qt::Key_Down || nKey == Qt::Key_Up || nKey == Qt::Key_Home;
+    if (bArrow && selectionMode() == SingleSelection && !selectionModel()->hasSelection()) {
+        selectionModel()->setCurrentIndex(m_model.index(std::max(currentIndex().row(), 0)),
+                                          QItemSelectionModel::ClearAndSelect);
+        return;
+    }
+    QListView::keyPressEvent(pEvent);
 }
 
 void CListBoxWidget::mousePressEvent(QMouseEvent* pEvent) {

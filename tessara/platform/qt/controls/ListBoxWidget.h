@@ -77,6 +77,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* pEvent) override;
+    void keyPressEvent(QKeyEvent* pEvent) override;
     void mousePressEvent(QMouseEvent* pEvent) override;
     void mouseDoubleClickEvent(QMouseEvent* pEvent) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
