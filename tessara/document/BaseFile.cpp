@@ -1,11 +1,15 @@
 #include "tessara/document/BaseFile.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <vector>
 
 #include "tessara/document/ArchiveFolder.h"
 #include "tessara/document/PendingVariant.h"
 #include "tessara/document/VariantHeader.h"
+#include "tessara/platform/files/Descriptor.h"
 
 IMPLEMENT_DYNAMIC(CBaseFile, CFile)
 
@@ -16,11 +20,18 @@ using tessara::CVariantHeader;
 
 namespace {
 
-void OpenOrThrow(CFile& file, const char* lpszPathName) {
-    CFileException error;
-    if (!file.CFile::Open(lpszPathName, CFile::modeRead | CFile::typeBinary, &error)) {
-        throw error;
+constexpr int READING = 1;
+constexpr int WRITING = 2;
+
+/// What is wrong with a file that has this header, in a few words; empty for nothing. Names may be any.
+std::string FaultOf(const CVariantHeader::CBytes& bytes, std::uint64_t nFileLength) {
+    if (!CVariantHeader::HasWholeTexts(bytes)) {
+        return "a text of its header has no end";
     }
+    const int nComment = CVariantHeader::CommentLength(bytes);
+    const bool bWhole =
+        nComment >= 0 && CVariantHeader::SIZE + static_cast<std::uint64_t>(nComment) <= nFileLength;
+    return bWhole ? "" : "its comment is not whole";
 }
 
 } // namespace
@@ -37,15 +48,12 @@ CBaseFile::~CBaseFile() {
 }
 
 int CBaseFile::Open(const char* lpszPathName, int nMode, int bCreate, CFileException* pError) {
-    constexpr int READING = 1;
-    constexpr int WRITING = 2;
     CBaseFile::Abort();
     m_dwDataOffset = 0;
     try {
         switch (nMode) {
         case READING:
-            OpenOrThrow(*this, lpszPathName);
-            FindData();
+            OpenForReading(lpszPathName ? lpszPathName : "");
             return TRUE;
         case WRITING:
             OpenForWriting(lpszPathName, bCreate);
@@ -62,16 +70,32 @@ int CBaseFile::Open(const char* lpszPathName, int nMode, int bCreate, CFileExcep
     }
 }
 
+/// The opening of a pipe would wait until somebody writes into it.
+void CBaseFile::OpenForReading(const char* lpszPathName) {
+    const int nFile =
+        tessara::Uninterrupted([&] { return open(lpszPathName, O_RDONLY | O_NONBLOCK | O_CLOEXEC); });
+    const int nError = errno;
+    Attach(nFile, lpszPathName);
+    if (nFile < 0) {
+        throw Failure(nError);
+    }
+    struct stat status;
+    if (fstat(nFile, &status) != 0 || !S_ISREG(status.st_mode)) {
+        Throw(CFileException::accessDenied);
+    }
+    FindData();
+}
+
 /// What is written goes into a file beside the old one, so that one begins as its copy.
 void CBaseFile::OpenForWriting(const char* lpszPathName, int bCreate) {
     CPendingVariant* const pPending = bCreate ? nullptr : CPendingVariant::Find(lpszPathName);
-    CFile old;
+    CBaseFile old;
+    CFileException error;
     if (pPending) {
         pPending->MakeFolder();
-    } else if (!bCreate) {
-        OpenOrThrow(old, lpszPathName);
+    } else if (!bCreate && !old.Open(lpszPathName, READING, FALSE, &error)) {
+        throw error;
     }
-    CFileException error;
     if (!CReplacementFile::Open(lpszPathName, modeCreate | modeReadWrite, &error)) {
         throw error;
     }
@@ -88,27 +112,30 @@ void CBaseFile::OpenForWriting(const char* lpszPathName, int bCreate) {
 }
 
 void CBaseFile::CopyFrom(CFile& source) {
+    source.CFile::Seek(0, begin);
     std::vector<BYTE> buffer(1 << 16);
     while (const UINT nRead = source.Read(buffer.data(), static_cast<UINT>(buffer.size()))) {
         Write(buffer.data(), nRead);
     }
 }
 
-/// A file that is shorter than a header holds nothing yet: it has no comment.
+/// An empty file is one that nobody has written to yet: it has no comment.
 void CBaseFile::FindData() {
     CVariantHeader::CBytes bytes{};
     CFile::Seek(0, begin);
-    Read(bytes.data(), static_cast<UINT>(bytes.size()));
-    const int nComment = CVariantHeader::CommentLength(bytes);
-    const std::uint64_t nOffset = CVariantHeader::SIZE + static_cast<std::uint64_t>(std::max(nComment, 0));
-    if (nComment < 0 || (nComment > 0 && nOffset > GetLength())) {
-        CFileException error(CFileException::genericException, -1, GetFilePath());
-        static_cast<CException&>(error) =
-            CException(std::string(GetFilePath()) + ": its comment is not whole");
-        throw error;
+    const UINT nRead = Read(bytes.data(), static_cast<UINT>(bytes.size()));
+    if (nRead != 0) {
+        const std::string strFault =
+            nRead < bytes.size() ? "its header is not whole" : FaultOf(bytes, GetLength());
+        if (!strFault.empty()) {
+            CFileException error(CFileException::genericException, -1, GetFilePath());
+            static_cast<CException&>(error) = CException(std::string(GetFilePath()) + ": " + strFault);
+            throw error;
+        }
     }
-    m_dwDataOffset = static_cast<DWORD>(nOffset);
-    CFile::Seek(static_cast<std::int64_t>(nOffset), begin);
+    m_dwDataOffset =
+        static_cast<DWORD>(CVariantHeader::SIZE) + static_cast<DWORD>(CVariantHeader::CommentLength(bytes));
+    CFile::Seek(m_dwDataOffset, begin);
 }
 
 void CBaseFile::Close() {

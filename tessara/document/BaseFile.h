@@ -50,8 +50,9 @@ public:
     /// its header and comment are there. Where somebody else has taken a new variant's file by the time it is
     /// closed, it gets the next number, and the wizard's GetFilePath tells which.
     ///
-    /// Returns zero when the file cannot be opened, or when its comment would not lie within it, with the
-    /// reason in pError if given.
+    /// Returns zero when the file cannot be opened or is no plain one, and when its header is cut short, has
+    /// a text without an end, or a comment that does not lie within the file, with the reason in pError if
+    /// given. An empty file is opened: nothing is missing in it yet. A symbolic link is followed.
     int Open(const char* lpszPathName, int nMode, int bCreate, CFileException* pError = nullptr);
     void Close() override;
     void Abort() override;
@@ -80,6 +81,7 @@ private:
     using CReplacementFile::Open;
     int GetBaseLoad(CWnd* pParent);
     int GetBaseSave(CWnd* pParent);
+    void OpenForReading(const char* lpszPathName);
     void OpenForWriting(const char* lpszPathName, int bCreate);
     void CopyFrom(CFile& source);
     void FindData();

@@ -67,7 +67,7 @@ std::string CVariantHeader::Fault(CHeaderSpan bytes) {
     if (const std::uint32_t nVersion = Unsigned(bytes, VERSION_OFFSET, 2); nVersion != VERSION) {
         return "is of version " + std::to_string(nVersion >> 8) + "." + std::to_string(nVersion & 0xFF);
     }
-    if (!Text(bytes, BASE_NAME) || !Text(bytes, BASE_TAG) || !Text(bytes, VARIANT_NAME)) {
+    if (!HasWholeTexts(bytes)) {
         return "has a text without an end";
     }
     if (CommentLength(bytes) < 0) {
@@ -95,6 +95,10 @@ CVariantHeader::CBytes CVariantHeader::Format() const {
     PutUnsigned(bytes, RESERVED_OFFSET, 2, static_cast<std::uint32_t>(nReserved));
     PutUnsigned(bytes, COMMENT_LENGTH_OFFSET, 2, static_cast<std::uint32_t>(nCommentLength));
     return bytes;
+}
+
+bool CVariantHeader::HasWholeTexts(CHeaderSpan bytes) {
+    return Text(bytes, BASE_NAME) && Text(bytes, BASE_TAG) && Text(bytes, VARIANT_NAME);
 }
 
 int CVariantHeader::VariantNumber(CHeaderSpan bytes) {

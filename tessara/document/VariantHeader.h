@@ -37,7 +37,8 @@ struct TESSARA_API CVariantHeader {
     static std::optional<CVariantHeader> Parse(std::span<const BYTE, SIZE> bytes);
     CBytes Format() const;
 
-    /// The numbers of a header of any signature, as it stands.
+    /// What a header of any signature says: whether each text ends within its field, and its numbers.
+    static bool HasWholeTexts(std::span<const BYTE, SIZE> bytes);
     static int VariantNumber(std::span<const BYTE, SIZE> bytes);
     static int CommentLength(std::span<const BYTE, SIZE> bytes);
 };

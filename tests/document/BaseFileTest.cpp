@@ -157,17 +157,42 @@ TEST_F(Archive, AFileHidesItsHeaderAndComment) {
     EXPECT_EQ(m_folder.Read("bas00001.bva"), strBytes.substr(0, 302));
 }
 
-TEST_F(Archive, AFileThatEndsBeforeItsCommentIsNotOpened) {
-    std::string strBytes = CVariantFile{.strData = ""}.Bytes();
-    strBytes[160] = 1;
+TEST_F(Archive, WhatIsNoWholeVariantIsNotOpenedAndNotWaitedFor) {
+    using namespace std::string_literals;
+    const std::string strBytes = CVariantFile{.strComment = "c", .strData = ""}.Bytes();
+    const auto changed = [&](std::size_t nOffset, const std::string& strChange) {
+        return std::string(strBytes).replace(nOffset, strChange.size(), strChange);
+    };
+    const std::map<std::string, std::string> files = {
+        {"short", strBytes.substr(0, 289)},           {"byte", "x"},
+        {"base", changed(6, std::string(129, 'x'))},  {"tag", changed(135, "xyz")},
+        {"name", changed(142, std::string(18, 'x'))}, {"long", changed(160, "\2")},
+        {"minus", changed(160, "\xFF\xFF")}};
+    for (const auto& [strName, strContent] : files) {
+        m_folder.Write(strName, strContent);
+    }
+    ASSERT_EQ(mkfifo(m_folder.Path("pipe").c_str(), 0600), 0);
+    ASSERT_EQ(symlink("pipe", m_folder.Path("link").c_str()), 0);
+    ASSERT_EQ(symlink("/dev/zero", m_folder.Path("device").c_str()), 0);
+    const std::vector<std::string> before = m_folder.List();
     CBaseFile file;
-    EXPECT_EQ(file.Open(m_folder.Write("a.bva", strBytes).c_str(), 1, FALSE), 0);
-    strBytes[160] = '\xFF';
-    strBytes[161] = '\xFF';
-    EXPECT_EQ(file.Open(m_folder.Write("b.bva", strBytes).c_str(), 2, FALSE), 0);
-    ASSERT_NE(file.Open(m_folder.Write("c.bva", "").c_str(), 1, FALSE), 0);
+    for (const std::string& strName : before) {
+        for (const int nMode : {1, 2}) {
+            CFileException error;
+            EXPECT_EQ(file.Open(m_folder.Path(strName).c_str(), nMode, FALSE, &error), 0) << strName;
+            const int nCause =
+                files.contains(strName) ? CFileException::genericException : CFileException::accessDenied;
+            EXPECT_EQ(error.m_cause, nCause) << strName;
+        }
+    }
+    EXPECT_EQ(m_folder.List(), before); // and nothing unfinished
+    // Of an empty file nothing is missing, a name is what only a listing needs, and a link leads somewhere.
+    ASSERT_NE(file.Open(m_folder.Write("empty", "").c_str(), 1, FALSE), 0);
     EXPECT_EQ(file.GetNumber(), -1);
-    EXPECT_THAT(m_folder.List(), ElementsAre("a.bva", "b.bva", "c.bva")); // and nothing unfinished
+    m_folder.Write("whole", changed(0, "foreign"s + '\0'));
+    ASSERT_EQ(symlink("whole", m_folder.Path("way").c_str()), 0);
+    EXPECT_NE(file.Open(m_folder.Path("way").c_str(), 1, FALSE), 0);
+    EXPECT_EQ(file.m_dwDataOffset, 291U);
 }
 
 TEST_F(Archive, ANewVariantTakesTheNextNumberThatIsFree) {
