@@ -80,8 +80,10 @@ std::optional<CVariantHeader> HeaderOf(const CDescriptor& file) {
 CArchiveFolder::CArchiveFolder(const char* lpszArchiveDirectory, const char* lpszExtension)
     : m_strDirectory(lpszArchiveDirectory ? lpszArchiveDirectory : ""),
       m_strSuffix(std::string(".") + (lpszExtension ? lpszExtension : "")),
-      m_pFolder(std::make_shared<const CDescriptor>(
-          open(m_strDirectory.empty() ? "." : m_strDirectory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))) {}
+      m_pFolder(std::make_shared<const CDescriptor>(Uninterrupted([&] {
+          return open(m_strDirectory.empty() ? "." : m_strDirectory.c_str(),
+                      O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+      }))) {}
 
 std::string CArchiveFolder::NameOf(const std::string& strTitle) const {
     return strTitle + m_strSuffix;

@@ -60,15 +60,16 @@ struct CAttempt {
 };
 
 /// What is wrong after a save over OLD in which one call failed; empty for nothing.
-std::string Damage(const CFolder& folder, const CAttempt& attempt, int nErrno) {
+std::string Damage(const CFolder& folder, const CAttempt& attempt, int nFailing, int nErrno) {
+    const bool bLost = attempt.calls[nFailing] == "fsync"; // what was written may be
     const std::string strContent = folder.Read("a.dat");
     const bool bNew = attempt.strSaid == "saved" || attempt.strSaid.find("is in place") != std::string::npos;
     const bool bReason = attempt.strSaid == "saved" || attempt.strSaid.ends_with(std::strerror(nErrno));
     const bool bNamed = attempt.strSaid == "saved" || attempt.strSaid.starts_with(folder.Path("a.dat: "));
-    return strContent != (bNew ? NEW : OLD)                     ? "content: " + strContent
-           : folder.List() != std::vector<std::string>{"a.dat"} ? "a file is left"
-           : !bReason || !bNamed                                ? "message: " + attempt.strSaid
-                                                                : "";
+    return strContent != (bNew ? NEW : OLD)                               ? "content: " + strContent
+           : folder.List() != std::vector<std::string>{"a.dat"}           ? "a file is left"
+           : !bReason || !bNamed || (bLost && attempt.strSaid == "saved") ? "message: " + attempt.strSaid
+                                                                          : "";
 }
 
 /// The damage of all calls and errors.
@@ -82,7 +83,7 @@ std::string DamageOf(const CSaver& save) {
             if (!attempt.Reached(nCall)) {
                 break;
             }
-            const std::string str = Damage(folder, attempt, nErrno);
+            const std::string str = Damage(folder, attempt, nCall, nErrno);
             if (!str.empty()) {
                 strDamage += attempt.calls[nCall] + " " + std::to_string(nErrno) + ": " + str + "\n";
             }

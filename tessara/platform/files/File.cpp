@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "tessara/platform/files/Descriptor.h"
+#include "tessara/platform/files/SizeSignal.h"
 
 IMPLEMENT_DYNAMIC(CFile, CObject)
 
@@ -70,9 +71,10 @@ void CFile::OpenDescriptor(const char* pszFileName, UINT nOpenFlags) {
     }
     m_nDescriptor = nDescriptor;
     struct stat status;
-    if (fstat(nDescriptor, &status) != 0 || S_ISDIR(status.st_mode)) {
+    const int nErrno = fstat(nDescriptor, &status) != 0 ? errno : 0;
+    if (nErrno || S_ISDIR(status.st_mode)) {
         CFile::Abort();
-        Throw(CFileException::accessDenied);
+        throw Failure(nErrno ? nErrno : EISDIR);
     }
 }
 
@@ -107,6 +109,7 @@ UINT CFile::Read(void* pBuffer, UINT nCount) {
 }
 
 void CFile::Write(const void* pBuffer, UINT nCount) {
+    const tessara::CSizeSignal spared;
     UINT nDone = 0;
     while (nDone < nCount) {
         const ssize_t nWritten = Uninterrupted(
@@ -122,9 +125,13 @@ void CFile::Write(const void* pBuffer, UINT nCount) {
 }
 
 void CFile::Flush() {
-    // What cannot be synchronised, a pipe for example, has nothing to wait for.
-    if (Uninterrupted([&] { return fsync(Descriptor()); }) != 0 && errno != EINVAL && errno != EROFS) {
-        ThrowErrno();
+    // What cannot be synchronised, a pipe for example, has nothing to wait for. But a file whose file system
+    // has become read-only after an error has lost what was written.
+    if (Uninterrupted([&] { return fsync(Descriptor()); }) != 0) {
+        const int nErrno = errno;
+        if (nErrno != EINVAL && (nErrno != EROFS || HasLength())) {
+            throw Failure(nErrno);
+        }
     }
 }
 
@@ -144,9 +151,12 @@ std::uint64_t CFile::GetRemaining() const {
 
 std::int64_t CFile::Seek(std::int64_t nOffset, UINT nFrom) {
     constexpr int origins[] = {SEEK_SET, SEEK_CUR, SEEK_END};
-    const std::int64_t nPosition = nFrom <= end ? lseek(Descriptor(), nOffset, origins[nFrom]) : -1;
-    if (nPosition < 0) {
+    if (nFrom > end) {
         Throw(CFileException::badSeek);
+    }
+    const std::int64_t nPosition = lseek(Descriptor(), nOffset, origins[nFrom]);
+    if (nPosition < 0) {
+        ThrowSeekErrno();
     }
     return nPosition;
 }
@@ -154,7 +164,7 @@ std::int64_t CFile::Seek(std::int64_t nOffset, UINT nFrom) {
 std::uint64_t CFile::GetPosition() const {
     const off_t nPosition = lseek(Descriptor(), 0, SEEK_CUR);
     if (nPosition < 0) {
-        Throw(CFileException::badSeek);
+        ThrowSeekErrno();
     }
     return static_cast<std::uint64_t>(nPosition);
 }
@@ -168,6 +178,7 @@ std::uint64_t CFile::GetLength() const {
 }
 
 void CFile::SetLength(std::uint64_t nNewLength) {
+    const tessara::CSizeSignal spared;
     if (Uninterrupted([&] { return ftruncate(Descriptor(), static_cast<off_t>(nNewLength)); }) != 0) {
         ThrowErrno();
     }
@@ -194,6 +205,14 @@ CFileException CFile::Failure(int nErrno) const {
 
 void CFile::ThrowErrno() const {
     throw Failure(errno);
+}
+
+/// A position that there is not, or a failure of the file.
+void CFile::ThrowSeekErrno() const {
+    if (errno == EINVAL || errno == EOVERFLOW || errno == ESPIPE) {
+        Throw(CFileException::badSeek);
+    }
+    ThrowErrno();
 }
 
 void CFile::Attach(int nDescriptor, const char* pszFileName) {

@@ -12,7 +12,8 @@
 /// Offsets and lengths are bytes. Reading stops at the end of the file without an error; writing and
 /// SetLength extend it, and what was never written reads as zero. Every failure throws CFileException (Open
 /// may report it instead): a full disk diskFull, a position before the start badSeek, any operation on a
-/// closed file invalidFile. After a failed write the position and the bytes from the old position on are
+/// closed file invalidFile. A limit of the size of files (RLIMIT_FSIZE) is a full disk, and the signal that
+/// goes with it does not come. After a failed write the position and the bytes from the old position on are
 /// undefined.
 ///
 /// The file is closed with the object, without reporting a failure: call Close to learn of one. Child
@@ -96,6 +97,7 @@ protected:
 
 private:
     [[noreturn]] void ThrowErrno() const;
+    [[noreturn]] void ThrowSeekErrno() const;
     void OpenDescriptor(const char* pszFileName, UINT nOpenFlags);
 
     int m_nDescriptor = -1;

@@ -27,11 +27,13 @@ std::string LockPath(const std::string& strPath) {
 
 /// Some file systems lock only what is open for writing; what belongs to somebody else can only be read.
 int OpenLock(const char* pszLock) {
-    const int nFile = open(pszLock, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0644);
+    const int nFile =
+        Uninterrupted([&] { return open(pszLock, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0644); });
     if (nFile >= 0 || errno != EACCES) {
         return nFile;
     }
-    const int nReadable = open(pszLock, O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    const int nReadable =
+        Uninterrupted([&] { return open(pszLock, O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK); });
     errno = EACCES; // where the folder cannot be written it is not that the file is missing
     return nReadable;
 }

@@ -56,11 +56,17 @@ void CReplacementFile::Begin(const char* pszTarget) {
 
 void CReplacementFile::Close() {
     if (m_pTarget) {
-        Finish([this] {
-            m_pTarget->CheckedFile(); // a folder or a link may have come there meanwhile
-            m_pUnfinished->PutInPlace();
-            return true;
-        });
+        Finish(
+            [this] {
+                m_pTarget->CheckedFile(); // a folder or a link may have come there meanwhile
+                m_pUnfinished->PutInPlace();
+                return true;
+            },
+            [this](int nErrno) {
+                throw m_pTarget->Failure(CFileException::hardIO,
+                                         "the new content is in place, but may be lost with the power: " +
+                                             std::generic_category().message(nErrno));
+            });
     }
 }
 
@@ -68,21 +74,24 @@ bool CReplacementFile::CloseAsNew(const char* pszName) {
     if (!m_pTarget) {
         Throw(CFileException::invalidFile);
     }
-    return Finish([&] { return m_pUnfinished->PutInPlaceAsNew(pszName); });
+    return Finish([&] { return m_pUnfinished->PutInPlaceAsNew(pszName); },
+                  [&](int nErrno) {
+                      m_pTarget->RemoveIfSame(pszName, Descriptor());
+                      throw m_pTarget->Failure(nErrno);
+                  });
 }
 
 /// The file is closed after the renaming, which its lock guards; there is nothing to lose with it any more.
-template <class STEP>
-bool CReplacementFile::Finish(STEP putInPlace) {
+/// Undoing is for what has its name and may yet lose it with the power.
+template <class STEP, class UNDO>
+bool CReplacementFile::Finish(STEP putInPlace, UNDO undo) {
     try {
         Flush();
         if (!putInPlace()) {
             return false;
         }
         if (const int nError = m_pTarget->Sync(Descriptor())) {
-            throw m_pTarget->Failure(CFileException::hardIO,
-                                     "the new content is in place, but may be lost with the power: " +
-                                         std::generic_category().message(nError));
+            undo(nError);
         }
     } catch (...) {
         Abort();

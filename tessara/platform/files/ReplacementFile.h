@@ -52,7 +52,7 @@ public:
     void Abort() override;
     /// The same as Close for a file that is to be a new one: it gets a name in the target's folder that
     /// nothing has. Returns false when something has that name; the file is then as it was, and another name
-    /// can be tried.
+    /// can be tried. Whenever it throws there is no new file.
     bool CloseAsNew(const char* pszName);
 
     /// Removes the unfinished files of all objects of the process. For a signal handler (it is safe there)
@@ -64,8 +64,8 @@ protected:
 
 private:
     void Begin(const char* pszTarget);
-    template <class STEP>
-    bool Finish(STEP putInPlace);
+    template <class STEP, class UNDO>
+    bool Finish(STEP putInPlace, UNDO undo);
 
     std::unique_ptr<CReplacementTarget> m_pTarget; ///< null while closed
     std::unique_ptr<CUnfinishedFile> m_pUnfinished;

@@ -27,9 +27,11 @@ std::optional<std::string> LinkText(const std::string& strPath) {
 /// A folder that may be entered but not listed can still hold new files.
 CDescriptor OpenFolder(const std::string& strFolder) {
     const char* pszFolder = strFolder.empty() ? "." : strFolder.c_str();
-    const int nFolder = open(pszFolder, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    return CDescriptor(nFolder < 0 && errno == EACCES ? open(pszFolder, O_PATH | O_DIRECTORY | O_CLOEXEC)
-                                                      : nFolder);
+    const auto openAs = [&](int nAccess) {
+        return Uninterrupted([&] { return open(pszFolder, nAccess | O_DIRECTORY | O_CLOEXEC); });
+    };
+    const int nFolder = openAs(O_RDONLY);
+    return CDescriptor(nFolder < 0 && errno == EACCES ? openAs(O_PATH) : nFolder);
 }
 
 } // namespace
@@ -100,8 +102,18 @@ int CReplacementTarget::Sync(int nFile) const {
     if (nResult != 0 && errno == EBADF) { // a folder that cannot be listed cannot be synchronised by itself
         nResult = Uninterrupted([&] { return syncfs(nFile); });
     }
-    // A file system that cannot do so for folders has nothing to wait for.
-    return nResult == 0 || errno == EINVAL || errno == EROFS ? 0 : errno;
+    // A file system that cannot do so for folders has nothing to wait for. One that has become read-only
+    // since the renaming has failed.
+    return nResult == 0 || errno == EINVAL ? 0 : errno;
+}
+
+void CReplacementTarget::RemoveIfSame(const char* pszName, int nFile) const {
+    struct stat named;
+    struct stat opened;
+    if (fstatat(GetFolder(), pszName, &named, AT_SYMLINK_NOFOLLOW) == 0 && fstat(nFile, &opened) == 0 &&
+        named.st_dev == opened.st_dev && named.st_ino == opened.st_ino) {
+        unlinkat(GetFolder(), pszName, 0);
+    }
 }
 
 CFileException CReplacementTarget::Failure(int nErrno) const {

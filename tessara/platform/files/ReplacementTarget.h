@@ -31,6 +31,9 @@ public:
     /// it.
     int Sync(int nFile) const;
 
+    /// Removes a name in the folder where it is that of an open file.
+    void RemoveIfSame(const char* pszName, int nFile) const;
+
     CFileException Failure(int nErrno) const;
     CFileException Failure(int nCause, const std::string& strReason) const;
 

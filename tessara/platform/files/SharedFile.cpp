@@ -45,7 +45,7 @@ std::string CSharedFile::Read() const {
     const char* pszPath = m_strPath.c_str();
     std::string strBytes;
     // A pipe of that name must not stop the program.
-    const CDescriptor file(open(pszPath, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const CDescriptor file(Uninterrupted([&] { return open(pszPath, O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
     if (!file) {
         if (errno == ENOENT || errno == ENOTDIR) {
             return strBytes;

@@ -83,7 +83,7 @@ std::uint64_t RandomNumber() {
 /// Whether the new file is ours to keep. Between its creation and its lock somebody who looks for strays may
 /// have taken it for one. Where the file system has no locks, strays are never removed.
 bool Hold(int nFile) {
-    if (flock(nFile, LOCK_EX | LOCK_NB) != 0) {
+    if (Uninterrupted([&] { return flock(nFile, LOCK_EX | LOCK_NB); }) != 0) {
         return errno != EWOULDBLOCK;
     }
     struct stat status;
@@ -112,8 +112,9 @@ CUnfinishedFile::CUnfinishedFile(const CReplacementTarget& target, mode_t nMode)
 /// finds the file at any time.
 bool CUnfinishedFile::Create(mode_t nMode) {
     m_entry.SetNumber(RandomNumber());
-    m_descriptor = CDescriptor(
-        openat(m_target.GetFolder(), GetName().Get(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, nMode));
+    m_descriptor = CDescriptor(Uninterrupted([&] {
+        return openat(m_target.GetFolder(), GetName().Get(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, nMode);
+    }));
     if (!m_descriptor) {
         m_entry.Forget();
         return false;
