@@ -175,13 +175,12 @@ CString CBaseFile::GetFilePath() const {
 }
 
 int CBaseFile::GetNumber() {
+    // Reading that moved the position and failed before it came back would put the data over the header.
     try {
-        const auto nPosition = static_cast<std::int64_t>(GetPosition());
         CVariantHeader::CBytes bytes;
-        CFile::Seek(0, begin);
-        const UINT nRead = Read(bytes.data(), static_cast<UINT>(bytes.size()));
-        CFile::Seek(nPosition, begin);
-        return nRead == bytes.size() ? CVariantHeader::VariantNumber(bytes) : -1;
+        const ssize_t nRead =
+            tessara::Uninterrupted([&] { return pread(Descriptor(), bytes.data(), bytes.size(), 0); });
+        return nRead == static_cast<ssize_t>(bytes.size()) ? CVariantHeader::VariantNumber(bytes) : -1;
     } catch (const CFileException&) {
         return -1;
     }
