@@ -31,6 +31,7 @@ std::vector<std::string> LinesOf(const std::vector<ARCHIVEENTRY>& entries) {
 
 class Archive : public ::testing::Test {
 protected:
+    void TearDown() override { KeepArchive(Directory()); }
     std::vector<ARCHIVEENTRY> List() const { return CArchiveFolder(Directory().c_str(), "bva").List(); }
     std::string Directory() const { return m_folder.Path(""); }
 

@@ -111,6 +111,7 @@ protected:
     void TearDown() override {
         m_pApp->m_pMainWnd->DestroyWindow();
         tessara::TakeExitCode();
+        tessara::KeepArchive(std::string(m_strDirectory));
         std::filesystem::remove_all(std::string(m_strDirectory));
     }
 

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
 #include <string>
 
 namespace tessara {
@@ -27,5 +31,22 @@ struct CVariantFile {
                std::string(128, '\0') + strComment + strData;
     }
 };
+
+/// Keeps a copy of an archive at the end of a test, for others to read: TESSARA_KEPT_ARCHIVES names a folder.
+inline void KeepArchive(const std::string& strArchive) {
+    const char* const pszKept = std::getenv("TESSARA_KEPT_ARCHIVES");
+    if (!pszKept || !std::filesystem::is_directory(strArchive)) {
+        return;
+    }
+    const auto& test = *::testing::UnitTest::GetInstance()->current_test_info();
+    const auto target =
+        std::filesystem::path(pszKept) / (std::string(test.test_suite_name()) + "." + test.name());
+    std::filesystem::create_directories(target);
+    for (const auto& entry : std::filesystem::directory_iterator(strArchive)) {
+        if (entry.symlink_status().type() == std::filesystem::file_type::regular) {
+            std::filesystem::copy_file(entry.path(), target / entry.path().filename());
+        }
+    }
+}
 
 } // namespace tessara

@@ -26,7 +26,10 @@ protected:
         m_owner.CreateEx(0, nullptr, "Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 400, 300),
                          nullptr, 0);
     }
-    void TearDown() override { m_owner.DestroyWindow(); }
+    void TearDown() override {
+        m_owner.DestroyWindow();
+        KeepArchive(m_strDirectory);
+    }
 
     std::string Comment(UINT nTemplate) { return TextOf(ControlOf(nTemplate, IDC_COMMENT)); }
     void SaveData() {

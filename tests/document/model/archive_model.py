@@ -1,10 +1,11 @@
 """An archive of Bases as docs/archive-format.md describes it: its files, its listing, its titles, what a save leaves.
 
-This is written from that page and not from the library, so that the two can be held against each other. It uses the standard
-library alone. File names and texts are bytes throughout.
+This is written from that page and not from the library, so that the two can be held against each other. It uses the
+standard library alone. File names and texts are bytes throughout.
 """
 
 import os
+import re
 import stat
 import struct
 from dataclasses import dataclass
@@ -13,6 +14,8 @@ SIGNATURE = bytes.fromhex('AF93B657')
 VERSION = bytes.fromhex('0101')
 HEADER = struct.Struct('<4s2s129s3sh2s18sh128s')
 LAST_NUMBER = 99999
+MOST_EMPTY_COLUMNS = 1 << 20
+WINDOWS_1252 = [bytes([byte]).decode('cp1252', 'replace') for byte in range(256)]
 
 
 class Refused(Exception):
@@ -34,13 +37,14 @@ class Variant:
         for text, most in ((self.base, 128), (self.tag, 2), (self.name, 16), (self.comment, 32767)):
             if len(text) > most:
                 raise ValueError(f'{text!r} has more than {most} bytes')
-        header = HEADER.pack(SIGNATURE, VERSION, self.base, self.tag, self.number, b'', self.name, len(self.comment), b'')
+        header = HEADER.pack(SIGNATURE, VERSION, self.base, self.tag, self.number, b'', self.name, len(self.comment),
+                             b'')
         return header + self.comment + self.data
 
 
 @dataclass
 class Header:
-    """The first 290 bytes, whatever they say; text() and the two verdicts judge them."""
+    """The first 290 bytes, whatever they say until they are checked."""
 
     signature: bytes
     version: bytes
@@ -58,16 +62,17 @@ class Header:
         return cls(signature, version, base, tag, number, name, length)
 
     def check_fields(self):
-        if not text(self.base_field):
-            raise Refused('no name of a Base')
+        text(self.base_field)
         text(self.tag_field)
         text(self.name_field)
         if self.comment_length < 0:
             raise Refused('a negative length of the comment')
 
-    def check_marks(self):
+    def check_listed(self):
         if (self.signature, self.version) != (SIGNATURE, VERSION):
             raise Refused('another signature or version')
+        if not text(self.base_field):
+            raise Refused('no name of a Base')
 
     def variant(self, content):
         end = HEADER.size + self.comment_length
@@ -88,19 +93,26 @@ def shown(content):
     try:
         return content.decode('utf-8')
     except UnicodeDecodeError:
-        return ''.join(bytes([byte]).decode('cp1252', 'replace') for byte in content)
+        return ''.join(WINDOWS_1252[byte] for byte in content)
 
 
 def listed(content):
     """The variant that a listing shows for a file of these bytes, or Refused."""
     header = Header.read(content)
-    header.check_marks()
     header.check_fields()
+    header.check_listed()
     return header.variant(content)
+
+
+def shown_comment(variant):
+    """What a listing tells of a comment: what the file has of it, up to the first zero."""
+    return variant.comment.partition(b'\0')[0]
 
 
 def opened(content):
     """The variant that an open by path reads from these bytes, or Refused."""
+    if not content:
+        return Variant(b'', number=-1)
     header = Header.read(content)
     header.check_fields()
     if HEADER.size + header.comment_length > len(content):
@@ -111,17 +123,18 @@ def opened(content):
 def title_of(file_name, extension):
     """The title in the name of a file, or None if a listing does not look at it."""
     title, dot, last = file_name.rpartition(b'.')
-    return title if dot and last == extension and 1 <= len(title) <= 8 else None
+    hidden = file_name.startswith(b'.')
+    return title if dot and last == extension and 1 <= len(title) <= 8 and not hidden else None
 
 
 def number_of(title):
     """The number in a title, or None."""
-    digits = title[3:]
-    return int(digits) if digits and all(digit in b'0123456789' for digit in digits) else None
+    number = re.match(rb'[ \t\n\v\f\r]*([+-]?[0-9]+)', title[3:])
+    return int(number[1]) if number else None
 
 
 def listing(folder, extension):
-    """The variants of an archive as pairs of title and Variant, by Base and number."""
+    """The variants of an archive as pairs of title and Variant, by Base, number and title."""
     found = []
     for file_name in os.listdir(folder):
         title = title_of(file_name, extension)
@@ -133,7 +146,7 @@ def listing(folder, extension):
                 found.append((title, listed(file.read())))
         except (Refused, OSError):
             continue
-    return sorted(found, key=lambda entry: (entry[1].base, entry[1].number))
+    return sorted(found, key=lambda entry: (entry[1].base, entry[1].number, entry[0]))
 
 
 def next_title(folder, extension):
@@ -147,9 +160,22 @@ def next_title(folder, extension):
     return None
 
 
-def saved_over(old, new):
-    """The bytes of a file after a save of the bytes new over the bytes old."""
+def saved_new(variant):
+    """The bytes of a file after a save under a new title, or in place of another variant that the user has chosen."""
+    zero = b'\0' if variant.comment and not variant.data else b''
+    return variant.encode() + zero
+
+
+def saved_again(old, data):
+    """The bytes of a file after a save of a document into the file from which it comes."""
+    front = HEADER.size + len(opened(old).comment)
+    new = old[:front].ljust(front if data else 0, b'\0') + data
     return new + old[len(new):]
+
+
+def is_unfinished(file_name):
+    """Whether the next save in a folder removes a plain file of this name."""
+    return re.fullmatch(rb'\.tessara-[0-9a-f]{16}', file_name) is not None
 
 
 def read_switches(data, position=0):
@@ -165,6 +191,8 @@ def read_multicurve(data, position=0):
     (columns, points), position = read_ints(data, position, 2)
     if columns < 0 or points < 0:
         raise Refused('a negative number of columns or points')
+    if points == 0 and columns > MOST_EMPTY_COLUMNS:
+        raise Refused('columns without end')
     if points == 0:
         return ([], [[] for _ in range(columns)]), position
     values, position = read_packed(data, position, 'd', points * (columns + 1))
