@@ -45,7 +45,7 @@ class Library(unittest.TestCase):
 
     def new_driver(self):
         driver = Driver(self.driver_path, self.environment)
-        self.addCleanup(driver.close)
+        self.addCleanup(lambda: self.assertEqual(driver.close(), 0))
         return driver
 
     def path(self, name):
