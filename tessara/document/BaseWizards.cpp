@@ -5,6 +5,7 @@
 #include "tessara/document/PendingVariant.h"
 #include "tessara/document/SaveVariantDialog.h"
 #include "tessara/document/VariantListDialog.h"
+#include "tessara/platform/base/Text.h"
 
 // The wizards of an archive: dialogs that lead to each other.
 
@@ -31,6 +32,11 @@ int RunWizard(CDialog& first, CDialog& second, PREPARE prepare) {
     }
 }
 
+/// The name that a Base's files have: what is too long for them has been cut.
+std::string StoredName(const char* pszBaseName) {
+    return std::string(tessara::CutText(pszBaseName ? pszBaseName : "", CVariantHeader::MAX_BASE_NAME));
+}
+
 } // namespace
 
 int CBaseFile::GetBase(CWnd* pParent, int nMode) {
@@ -48,7 +54,7 @@ int CBaseFile::GetBase(CWnd* pParent, int nMode) {
 
 int CBaseFile::GetBaseLoad(CWnd* pParent) {
     const CArchiveFolder folder(m_pszArchiveDirectory, m_pszExtension);
-    CSelectBaseDialog bases(pParent, folder.List(), m_pszBaseName);
+    CSelectBaseDialog bases(pParent, folder.List(), StoredName(m_pszBaseName).c_str());
     CLoadVariantDialog variants(pParent, m_pszArchiveDirectory, m_pszExtension);
     if (RunWizard(bases, variants, [&] { variants.SetVariants(bases.GetChosenVariants()); }) != IDOK) {
         return FALSE;
@@ -61,12 +67,12 @@ int CBaseFile::GetBaseLoad(CWnd* pParent) {
 
 int CBaseFile::GetBaseSave(CWnd* pParent) {
     const CArchiveFolder folder(m_pszArchiveDirectory, m_pszExtension);
-    CSaveVariantDialog dialog(pParent, folder, m_pszBaseName);
+    CVariantHeader header;
+    header.strBaseName = StoredName(m_pszBaseName);
+    CSaveVariantDialog dialog(pParent, folder, header.strBaseName.c_str());
     if (dialog.DoModal() != IDOK) {
         return FALSE;
     }
-    CVariantHeader header;
-    header.strBaseName = m_pszBaseName ? m_pszBaseName : "";
     header.strBaseTag = m_pszBaseTag ? m_pszBaseTag : "";
     header.strVariantName = dialog.GetVariantName();
     header.nVariantNumber = dialog.GetVariantNumber();
@@ -80,8 +86,9 @@ int CBaseFile::GetBaseSave(CWnd* pParent) {
 
 int CBaseFile::DeleteBase(CWnd* pParent, int nCurrentNumber) {
     const CArchiveFolder folder(m_pszArchiveDirectory, m_pszExtension);
-    CDeleteBaseDialog bases(pParent, folder.List(), m_pszArchiveDirectory, m_pszExtension, m_pszBaseName);
-    CDeleteVariantDialog variants(pParent, m_pszArchiveDirectory, m_pszExtension, m_pszBaseName,
+    const std::string strOwn = StoredName(m_pszBaseName);
+    CDeleteBaseDialog bases(pParent, folder.List(), m_pszArchiveDirectory, m_pszExtension, strOwn.c_str());
+    CDeleteVariantDialog variants(pParent, m_pszArchiveDirectory, m_pszExtension, strOwn.c_str(),
                                   nCurrentNumber);
     const int nAnswer = RunWizard(bases, variants, [&] { variants.SetVariants(bases.GetChosenVariants()); });
     if (nAnswer == IDOK && !variants.GetPath().empty()) {

@@ -14,6 +14,10 @@ namespace {
 
 using ::testing::ElementsAre;
 
+constexpr const char* DELETE_OWN_BASE =
+    "You are trying to delete the Base\n to which the BV you are working with corresponds.\n Delete the Base "
+    "anyway ?";
+
 /// Two Bases; the document is of PS-CH, which has variants 1 and 3.
 class Wizard : public ::testing::Test {
 protected:
@@ -214,8 +218,6 @@ TEST_F(Wizard, SavingSeesWhatAnotherProgramDidMeanwhile) {
 }
 
 TEST_F(Wizard, DeletesABaseOrAVariantAndTellsOfTheDocumentsOwn) {
-    const char* const pszOwnBase = "You are trying to delete the Base\n to which the BV you are working with "
-                                   "corresponds.\n Delete the Base anyway ?";
     {
         CHands hands;
         hands.Select(IDD_DELETE_BASE, IDC_BASES, 0)
@@ -237,7 +239,7 @@ TEST_F(Wizard, DeletesABaseOrAVariantAndTellsOfTheDocumentsOwn) {
     {
         CHands hands;
         hands.Press(IDD_DELETE_BASE, IDC_DELETE)
-            .Answer("Delete Base", pszOwnBase, QMessageBox::No)
+            .Answer("Delete Base", DELETE_OWN_BASE, QMessageBox::No)
             .Press(IDD_DELETE_BASE, IDC_NEXT)
             .Press(IDD_DELETE_VARIANT, IDC_DELETE)
             .Answer("Delete Variant",
@@ -246,6 +248,30 @@ TEST_F(Wizard, DeletesABaseOrAVariantAndTellsOfTheDocumentsOwn) {
         EXPECT_NE(m_file.DeleteBase(&m_owner, 0), 0);
     }
     EXPECT_TRUE(m_folder.List().empty());
+}
+
+TEST_F(Wizard, ABaseNameThatIsTooLongForFilesIsTheOneTheyHave) {
+    const std::string strStored(127, 'x');
+    const std::string strName = strStored + "\xC3\xA9"; // of which half would be cut off
+    m_file.m_pszBaseName = strName.c_str();
+    m_folder.Write("bas00007.bva", CVariantFile{.strBase = strStored, .strName = "here"}.Bytes());
+    CHands hands;
+    hands
+        .Look(IDD_SAVE_VARIANT,
+              [] {
+                  EXPECT_THAT(CHands::Lines(IDD_SAVE_VARIANT, IDC_VARIANTS),
+                              ElementsAre("1 here", "2 --- empty ---"));
+              })
+        .Press(IDD_SAVE_VARIANT, IDCANCEL)
+        .Look(IDD_SELECT_BASE, [] { EXPECT_EQ(CHands::Selected(IDD_SELECT_BASE, IDC_BASES), 2); })
+        .Press(IDD_SELECT_BASE, IDCANCEL)
+        .Look(IDD_DELETE_BASE, [] { EXPECT_EQ(CHands::Selected(IDD_DELETE_BASE, IDC_BASES), 2); })
+        .Select(IDD_DELETE_BASE, IDC_BASES, 2)
+        .Press(IDD_DELETE_BASE, IDC_DELETE)
+        .Answer("Delete Base", DELETE_OWN_BASE, QMessageBox::Yes);
+    EXPECT_EQ(m_file.GetBase(&m_owner, 2), 0);
+    EXPECT_EQ(m_file.GetBase(&m_owner, 1), 0);
+    EXPECT_NE(m_file.DeleteBase(&m_owner, 0), 0);
 }
 
 } // namespace
