@@ -63,10 +63,10 @@ def damaged_record(random, content):
 
 
 def title(random):
+    number = random.randint(0, 40)
     return random.choice([
-        b'bas%05d' % random.randint(0, 40), b'bas%05d' % random.randint(0, 40), b'bas%05d' % random.randint(0, 40),
-        b'bas%05d' % random.randint(0, 40), b'bas%05d' % random.randint(0, 3000),
-        b'bas%d' % random.randint(0, 99), b'%s%d' % (text(random, 3).replace(b'/', b''), random.randint(0, 9999)),
+        b'bas%05d' % number, b'bas%05d' % number, b'bas%05d' % number, b'bas%05d' % random.randint(0, 3000),
+        b'bas99999' if random.random() < 0.1 else b'bas%d' % number, b'%s%d' % (text(random, 3), number * 99),
         b'bas' + random.choice([b'', b'+7', b'-7', b' 7', b'\t7', b'7x', b'x7', b'7.5', b'0x10', b'007', b'1e3']),
         b'curves', b'.b', b'..', b'a.b', b'.tessara', b'x' * random.randint(1, 9),
         b'\xc3\xa9' * random.randint(1, 8), b'e\n', text(random, 8) or b'a', b''])
