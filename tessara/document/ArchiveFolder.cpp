@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "tessara/document/VariantHeader.h"
+#include "tessara/platform/base/Exception.h"
 #include "tessara/platform/files/FolderEntries.h"
 
 namespace tessara {
@@ -84,6 +85,17 @@ CArchiveFolder::CArchiveFolder(const char* lpszArchiveDirectory, const char* lps
           return open(m_strDirectory.empty() ? "." : m_strDirectory.c_str(),
                       O_RDONLY | O_DIRECTORY | O_CLOEXEC);
       }))) {}
+
+CArchiveFolder CArchiveFolder::Anew() const {
+    return {m_strDirectory.c_str(), m_strSuffix.c_str() + 1};
+}
+
+void CArchiveFolder::Remove(const ARCHIVEENTRY& entry) const {
+    const std::string strName = NameOf(entry.szFileTitle);
+    if (unlinkat(m_pFolder->Get(), strName.c_str(), 0) != 0 && errno != ENOENT) {
+        throw CFileException::FromErrno(errno, PathOf(entry.szFileTitle).c_str());
+    }
+}
 
 std::string CArchiveFolder::NameOf(const std::string& strTitle) const {
     return strTitle + m_strSuffix;

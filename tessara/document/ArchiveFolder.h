@@ -40,8 +40,13 @@ public:
     /// whole, a number that two variants of a Base have.
     std::vector<CArchiveFinding> Check() const;
 
+    /// The folder of that path as it is now: another may have come there, or none be left.
+    CArchiveFolder Anew() const;
+
     std::string PathOf(const std::string& strTitle) const;
     std::string NameOf(const std::string& strTitle) const;
+    /// Removes a variant's file, or throws CFileException. One that has gone by itself is no failure.
+    void Remove(const ARCHIVEENTRY& entry) const;
     /// Whether an entry's file is there and still that variant's.
     bool Has(const ARCHIVEENTRY& entry) const;
     /// The header of a file of the list; nothing for others.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tessara/document/ArchiveFolder.h"
+#include "tessara/document/FileStamp.h"
 #include "tessara/document/PendingVariant.h"
 #include "tessara/document/VariantHeader.h"
 #include "tessara/platform/files/Descriptor.h"
@@ -14,6 +15,7 @@
 IMPLEMENT_DYNAMIC(CBaseFile, CFile)
 
 using tessara::CArchiveFolder;
+using tessara::CFileStamp;
 using tessara::CPendingVariant;
 using tessara::CReplacementFile;
 using tessara::CVariantHeader;
@@ -32,6 +34,10 @@ std::string FaultOf(const CVariantHeader::CBytes& bytes, std::uint64_t nFileLeng
     const bool bWhole =
         nComment >= 0 && CVariantHeader::SIZE + static_cast<std::uint64_t>(nComment) <= nFileLength;
     return bWhole ? "" : "its comment is not whole";
+}
+
+std::shared_ptr<const CFileStamp> ShareStamp(const std::optional<CFileStamp>& stamp) {
+    return stamp ? std::make_shared<const CFileStamp>(*stamp) : nullptr;
 }
 
 } // namespace
@@ -83,6 +89,7 @@ void CBaseFile::OpenForReading(const char* lpszPathName) {
     if (fstat(nFile, &status) != 0 || !S_ISREG(status.st_mode)) {
         Throw(CFileException::accessDenied);
     }
+    m_pStamp = ShareStamp(CFileStamp::Of(nFile));
     FindData();
 }
 
@@ -93,13 +100,18 @@ void CBaseFile::OpenForWriting(const char* lpszPathName, int bCreate) {
     CFileException error;
     if (pPending) {
         pPending->MakeFolder();
-    } else if (!bCreate && !old.Open(lpszPathName, READING, FALSE, &error)) {
-        throw error;
+        m_pReplaced = ShareStamp(pPending->GetReplaced());
+    } else if (!bCreate) {
+        if (!old.Open(lpszPathName, READING, FALSE, &error)) {
+            throw error;
+        }
+        m_pReplaced = m_pStamp = old.GetStamp();
     }
     if (!CReplacementFile::Open(lpszPathName, modeCreate | modeReadWrite, &error)) {
         throw error;
     }
     m_bWriting = true;
+    CheckReplaced();
     if (pPending) {
         pPending->Write(*this);
         m_pSaving = pPending;
@@ -138,16 +150,46 @@ void CBaseFile::FindData() {
     CFile::Seek(m_dwDataOffset, begin);
 }
 
+/// Another program's work is not replaced unseen. Where it has removed the file, there is nothing to lose.
+void CBaseFile::CheckReplaced() const {
+    const auto now = m_pReplaced ? CFileStamp::At(CFile::GetFilePath()) : std::nullopt;
+    if (now && *now != *m_pReplaced) {
+        throw ChangedByAnother(CFile::GetFilePath());
+    }
+}
+
+CFileException CBaseFile::ChangedByAnother(const char* lpszPathName) {
+    CFileException failure(CFileException::sharingViolation, -1, lpszPathName);
+    static_cast<CException&>(failure) =
+        CException(std::string(lpszPathName) +
+                   ": another program has changed this variant meanwhile; save it as another one");
+    return failure;
+}
+
 void CBaseFile::Close() {
+    const auto written = m_bWriting ? CFileStamp::Of(Descriptor()) : std::nullopt;
     if (m_pSaving && m_pSaving->GetKind() == CPendingVariant::EKind::creating) {
         CloseNew();
     } else if (m_bWriting) {
-        CReplacementFile::Close();
+        CloseReplacing();
     } else {
         CFile::Close();
     }
+    m_pStamp = written ? ShareStamp(written) : m_pStamp;
     m_bWriting = false;
     m_pSaving = nullptr;
+    m_pReplaced = nullptr;
+}
+
+void CBaseFile::CloseReplacing() {
+    try {
+        Flush(); // takes its time: look after it
+        CheckReplaced();
+    } catch (...) {
+        Abort();
+        throw;
+    }
+    CReplacementFile::Close();
 }
 
 /// The title that the wizard has found may be somebody else's by now. Titles are five digits: a hundred
@@ -167,6 +209,8 @@ void CBaseFile::CloseNew() {
 void CBaseFile::Abort() {
     m_bWriting = false;
     m_pSaving = nullptr;
+    m_pReplaced = nullptr;
+    m_pStamp = nullptr;
     CReplacementFile::Abort();
 }
 

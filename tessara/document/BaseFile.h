@@ -7,14 +7,16 @@
 
 namespace tessara {
 class CPendingVariant;
-}
+struct CFileStamp;
+} // namespace tessara
 
 /// A Base Variant file: a header, a comment, and the data of a document. And the wizards in which the user
 /// picks one of an archive, which is a folder of such files.
 ///
 /// Positions are those of the file; Seek and SetLength keep away from header and comment. Opened for writing,
 /// the file on the disk is the old one until Close, whole, and the new one afterwards; without Close what was
-/// written is thrown away. Main thread.
+/// written is thrown away. A variant that another program has put there, or written, since the wizard chose
+/// it or it was opened, stays: opening and closing fail. Main thread.
 ///
 ///     CBaseFile file(strDirectory, "bva", "PS-CH", "ab");
 ///     if (file.GetBase(pFrame, 2)) {                 // where to, and under which name
@@ -68,12 +70,19 @@ public:
     /// when that variant or its whole Base was deleted. Throws CFileException when a file cannot be removed.
     int DeleteBase(CWnd* pParent, int nCurrentNumber);
 
+    /// Which file was opened to be read or changed, and after Close which one was written; null for none. A
+    /// variant that a wizard has chosen has no file before it is closed.
+    const std::shared_ptr<const tessara::CFileStamp>& GetStamp() const { return m_pStamp; }
+
     /// The variant number in the header; -1 when it cannot be read. The position stays.
     int GetNumber();
 
     std::int64_t Seek(std::int64_t nOffset, UINT nFrom) override;
     void SeekToBegin() { Seek(0, begin); }
     void SetLength(std::uint64_t nNewLength) override;
+
+    /// What is thrown where another program has changed a variant.
+    static CFileException ChangedByAnother(const char* lpszPathName);
 
     static int IsArchiveEmpty(const char* lpszArchiveDirectory, const char* lpszExtension);
 
@@ -86,8 +95,12 @@ private:
     void CopyFrom(CFile& source);
     void FindData();
     void CloseNew();
+    void CloseReplacing();
+    void CheckReplaced() const;
 
     bool m_bWriting = false;
     tessara::CPendingVariant* m_pSaving = nullptr; ///< the wizard's, while this file is its variant
     std::unique_ptr<tessara::CPendingVariant> m_pPending;
+    std::shared_ptr<const tessara::CFileStamp> m_pStamp;
+    std::shared_ptr<const tessara::CFileStamp> m_pReplaced; ///< what may be replaced, null for a new file
 };

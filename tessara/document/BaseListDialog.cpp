@@ -10,6 +10,17 @@
 
 using namespace tessara;
 
+namespace {
+
+std::vector<ARCHIVEENTRY> VariantsOf(const std::vector<ARCHIVEENTRY>& entries, std::string_view strBase) {
+    std::vector<ARCHIVEENTRY> variants;
+    std::copy_if(entries.begin(), entries.end(), std::back_inserter(variants),
+                 [=](const ARCHIVEENTRY& entry) { return strBase == entry.szBaseName; });
+    return variants;
+}
+
+} // namespace
+
 CBaseListDialog::CBaseListDialog(UINT nTemplate, const char* pszCaption, CWnd* pParent,
                                  std::vector<ARCHIVEENTRY> entries, const char* lpszBaseName)
     : CDialog(nTemplate, pParent), m_pszCaption(pszCaption), m_entries(std::move(entries)),
@@ -20,12 +31,7 @@ CListBox& CBaseListDialog::List() const {
 }
 
 std::vector<ARCHIVEENTRY> CBaseListDialog::GetChosenVariants() const {
-    std::vector<ARCHIVEENTRY> variants;
-    std::copy_if(m_entries.begin(), m_entries.end(), std::back_inserter(variants),
-                 [this](const ARCHIVEENTRY& entry) {
-                     return std::string_view(entry.szBaseName) == GetChosen().szBaseName;
-                 });
-    return variants;
+    return VariantsOf(m_entries, GetChosen().szBaseName);
 }
 
 BOOL CBaseListDialog::OnInitDialog() {
@@ -97,22 +103,32 @@ void CDeleteBaseDialog::OnDelete() {
              : "Are you sure you want to delete the selected Base?";
     if (MessageBox(pszQuestion, "Delete Base", MB_YESNO | MB_ICONQUESTION) == IDYES) {
         RemoveChosen();
-        EndDialog(IDCANCEL);
     }
 }
 
-/// What another program has put into one of the files meanwhile is not what the user wants to delete.
+/// Whether the chosen Base has the variants that it had when the user saw it.
+bool CDeleteBaseDialog::IsUpToDate(const std::vector<ARCHIVEENTRY>& now) const {
+    const std::vector<ARCHIVEENTRY> shown = GetChosenVariants();
+    const std::vector<ARCHIVEENTRY> there = VariantsOf(now, GetChosen().szBaseName);
+    return std::equal(shown.begin(), shown.end(), there.begin(), there.end(), IsSameVariant);
+}
+
+/// What another program has put there meanwhile is not what the user wants to delete.
 void CDeleteBaseDialog::RemoveChosen() {
     const CArchiveFolder folder(m_strDirectory.c_str(), m_strExtension.c_str());
-    const std::vector<ARCHIVEENTRY> now = folder.List();
-    const std::string strBase = GetChosen().szBaseName;
+    std::vector<ARCHIVEENTRY> now = folder.List();
+    if (!IsUpToDate(now)) {
+        MessageBox("Another program has changed this Base meanwhile.\nPlease look at the list again.",
+                   "Delete Base", MB_OK);
+        Fill(std::move(now));
+        return;
+    }
     try {
-        for (const ARCHIVEENTRY& entry : now) {
-            if (strBase == entry.szBaseName) {
-                CFile::Remove(folder.PathOf(entry.szFileTitle).c_str());
-                m_bOwnDeleted = strBase == m_strOwnName;
-            }
+        for (const ARCHIVEENTRY& entry : GetChosenVariants()) {
+            folder.Remove(entry);
+            m_bOwnDeleted = GetChosen().szBaseName == m_strOwnName;
         }
+        EndDialog(IDCANCEL);
     } catch (...) {
         Fill(folder.List());
         throw;

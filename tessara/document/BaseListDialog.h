@@ -57,6 +57,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    bool IsUpToDate(const std::vector<ARCHIVEENTRY>& now) const;
     void RemoveChosen();
 
     std::string m_strDirectory;

@@ -2,6 +2,7 @@
 
 #include "tessara/document/ArchivePlace.h"
 #include "tessara/document/BaseFile.h"
+#include "tessara/document/FileStamp.h"
 #include "tessara/platform/files/settings/RegKey.h"
 #include "tessara/platform/ui/dialogs/MessageBox.h"
 #include "tessara/platform/ui/frames/Commands.h"
@@ -112,6 +113,7 @@ void CBaseVariant::SetPathName(const char* lpszPathName, BOOL bAddToMRU) {
 /// The document object of a window is used again for the next document, which has no file yet.
 BOOL CBaseVariant::OnNewDocument() {
     m_nVariantNumber = -1;
+    m_pOwnStamp = nullptr;
     return CDocument::OnNewDocument() ? TRUE : FALSE;
 }
 
@@ -140,6 +142,7 @@ BOOL CBaseVariant::Load(CBaseFile& file, const char* lpszPathName) {
         }
         archive.Close();
         file.Close();
+        NoteFile(file);
     } catch (const std::exception& exception) {
         file.Abort();
         DeleteContents();
@@ -151,6 +154,19 @@ BOOL CBaseVariant::Load(CBaseFile& file, const char* lpszPathName) {
     SetReadyToComputeFlag(TRUE);
     SetBaseName();
     return TRUE;
+}
+
+/// Whoever has saved a variant after this document was read from it would lose that without a word.
+void CBaseVariant::CheckSameFile(const CBaseFile& file) const {
+    const auto& pStamp = file.GetStamp(); // none where a wizard has asked
+    if (pStamp && m_pOwnStamp && file.GetFilePath() == m_strOwnPath && *pStamp != *m_pOwnStamp) {
+        throw CBaseFile::ChangedByAnother(m_strOwnPath);
+    }
+}
+
+void CBaseVariant::NoteFile(const CBaseFile& file) {
+    m_strOwnPath = file.GetFilePath();
+    m_pOwnStamp = file.GetStamp();
 }
 
 BOOL CBaseVariant::OnSaveDocument(const char* lpszPathName) {
@@ -166,6 +182,7 @@ BOOL CBaseVariant::OnSaveDocument(const char* lpszPathName) {
     m_nVariantNumber = file.GetNumber();
     const CWaitCursor wait;
     try {
+        CheckSameFile(file);
         CArchive archive(&file, CArchive::store, BUFFER_SIZE);
         archive.m_pDocument = this;
         Serialize(archive);
@@ -177,6 +194,7 @@ BOOL CBaseVariant::OnSaveDocument(const char* lpszPathName) {
         ReportSaveLoadException(lpszPathName, &exception, TRUE, AFX_IDP_FAILED_TO_SAVE_DOC);
         return FALSE;
     }
+    NoteFile(file);
     SetModifiedFlag(FALSE);
     WriteLastBaseVariantFile(file.GetFilePath());
     return TRUE;

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <memory>
+
 #include "tessara/document/InterfaceItem.h"
 #include "tessara/platform/files/MemFile.h"
 #include "tessara/platform/ui/frames/Document.h"
 
 class CBaseFile;
+namespace tessara {
+struct CFileStamp;
+}
 
 constexpr UINT ID_FILE_DELETE_BASE = 17664; ///< deletes Bases and variants
 constexpr UINT ID_COMPUTE_VARIANT = 17920;  ///< greyed while the document is not ready
@@ -78,7 +83,8 @@ public:
     /// damaged header leaves the document as it was, damaged data leave it empty and without a file.
     BOOL OnOpenDocument(const char* lpszPathName) override;
     /// Writes the data into a variant's file, behind its header and comment. Its length stays when the data
-    /// have become shorter. A file that is not there returns zero in silence; every other failure is told.
+    /// have become shorter. A file that is not there returns zero in silence; every other failure is told,
+    /// and that another program has changed the file since this document was opened from it or saved there.
     BOOL OnSaveDocument(const char* lpszPathName) override;
     BOOL SaveModified() override;
     /// Saves into the document's own file, or asks for a place in the archive when lpszPathName is null or
@@ -99,5 +105,10 @@ protected:
     static const AFP_INTERFACE_ENTRY _output_information_Entries[];
 
 private:
+    void CheckSameFile(const CBaseFile& file) const;
+    void NoteFile(const CBaseFile& file);
     BOOL Load(CBaseFile& file, const char* lpszPathName);
+
+    CString m_strOwnPath;                                   ///< of the file last opened or saved
+    std::shared_ptr<const tessara::CFileStamp> m_pOwnStamp; ///< which it was then
 };

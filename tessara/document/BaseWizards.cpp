@@ -91,8 +91,8 @@ int CBaseFile::DeleteBase(CWnd* pParent, int nCurrentNumber) {
     CDeleteVariantDialog variants(pParent, m_pszArchiveDirectory, m_pszExtension, strOwn.c_str(),
                                   nCurrentNumber);
     const int nAnswer = RunWizard(bases, variants, [&] { variants.SetVariants(bases.GetChosenVariants()); });
-    if (nAnswer == IDOK && !variants.GetPath().empty()) {
-        CFile::Remove(variants.GetPath().c_str());
+    if (nAnswer == IDOK) {
+        folder.Anew().Remove(variants.GetChosen());
     }
     return bases.IsOwnDeleted() || (nAnswer == IDOK && variants.IsOwn());
 }

@@ -19,6 +19,9 @@ CPendingVariant::CPendingVariant(EKind eKind, const CArchiveFolder& folder, cons
                                  const CVariantHeader& header, const std::string& strComment)
     : m_eKind(eKind), m_folder(folder), m_strTitle(strTitle), m_header(header), m_strComment(strComment) {
     m_header.nCommentLength = static_cast<int>(m_strComment.size());
+    if (m_eKind == EKind::replacing) {
+        m_replaced = CFileStamp::At(GetPath().c_str());
+    }
     All().push_back(this);
 }
 

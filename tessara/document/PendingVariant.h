@@ -3,6 +3,7 @@
 #include <string>
 
 #include "tessara/document/ArchiveFolder.h"
+#include "tessara/document/FileStamp.h"
 #include "tessara/document/VariantHeader.h"
 #include "tessara/platform/files/File.h"
 
@@ -34,6 +35,8 @@ public:
     void Write(CFile& file) const;
 
     EKind GetKind() const { return m_eKind; }
+    /// The file that held the variant to be replaced when the wizard chose it; nothing for a new one.
+    const std::optional<CFileStamp>& GetReplaced() const { return m_replaced; }
     std::string GetPath() const { return m_folder.PathOf(m_strTitle); }
     std::string GetFileName() const { return m_folder.NameOf(m_strTitle); }
     void TakeNextTitle() { m_strTitle = TitleAfter(m_strTitle); }
@@ -44,6 +47,7 @@ private:
     std::string m_strTitle;
     CVariantHeader m_header;
     std::string m_strComment;
+    std::optional<CFileStamp> m_replaced;
 };
 
 } // namespace tessara

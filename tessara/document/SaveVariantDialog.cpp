@@ -37,7 +37,7 @@ std::string CSaveVariantDialog::Text(UINT nID) const {
 /// Numbers from 0 to the last that is taken, and one more. Two variants may have one number, and a damaged
 /// file a negative one; each has a line.
 std::vector<CSaveVariantDialog::CSlot> CSaveVariantDialog::ReadSlots() {
-    std::vector<ARCHIVEENTRY> entries = m_folder.List();
+    std::vector<ARCHIVEENTRY> entries = m_folder.Anew().List();
     m_strNextTitle = NextTitle(entries);
     std::erase_if(entries, [this](const ARCHIVEENTRY& entry) { return entry.szBaseName != m_strBaseName; });
     std::vector<CSlot> slots;

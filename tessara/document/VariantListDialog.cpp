@@ -60,12 +60,16 @@ bool CVariantListDialog::TakeSelection(const char* pszSelectFirst) {
         return false;
     }
     m_nChosen = static_cast<std::size_t>(nLine);
-    if (m_folder.Has(Chosen())) {
+    return IsStillThere();
+}
+
+bool CVariantListDialog::IsStillThere() {
+    if (m_folder.Anew().Has(Chosen())) {
         return true;
     }
     MessageBox("Another program has deleted or replaced this variant meanwhile.", m_pszCaption, MB_OK);
-    m_entries.erase(m_entries.begin() + nLine);
-    List().DeleteString(static_cast<UINT>(nLine));
+    m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(m_nChosen));
+    List().DeleteString(static_cast<UINT>(m_nChosen));
     OnSelection();
     return false;
 }
@@ -103,8 +107,7 @@ void CDeleteVariantDialog::OnDelete() {
     const char* const pszQuestion =
         bOwn ? "You are trying to delete the Base Variant\nyou are working with. Delete anyway?"
              : "Are you sure you want to delete selected Base Variant?";
-    if (MessageBox(pszQuestion, GetCaption(), MB_YESNO | MB_ICONQUESTION) == IDYES) {
-        m_strPath = GetChosenPath();
+    if (MessageBox(pszQuestion, GetCaption(), MB_YESNO | MB_ICONQUESTION) == IDYES && IsStillThere()) {
         m_bOwn = bOwn;
         Chosen().bDeleted = 1;
         EndDialog(IDOK);

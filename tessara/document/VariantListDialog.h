@@ -38,6 +38,8 @@ protected:
     /// Takes the selected variant. Without one it shows the text that tells so; and where the variant is no
     /// longer what the list says, it tells that and takes it from the list.
     bool TakeSelection(const char* pszSelectFirst);
+    /// The same for what has been taken and may have changed since.
+    bool IsStillThere();
     ARCHIVEENTRY& Chosen() { return m_entries[m_nChosen]; }
     const char* GetCaption() const { return m_pszCaption; }
     DECLARE_MESSAGE_MAP()
@@ -67,8 +69,6 @@ public:
     CDeleteVariantDialog(CWnd* pParent, const char* lpszArchiveDirectory, const char* lpszExtension,
                          const char* lpszBaseName, int nCurrentNumber);
 
-    /// The file to delete, empty for none.
-    const std::string& GetPath() const { return m_strPath; }
     /// Whether it is the document's own variant.
     bool IsOwn() const { return m_bOwn; }
 
@@ -79,6 +79,5 @@ protected:
 private:
     std::string m_strOwnName;
     int m_nOwnNumber;
-    std::string m_strPath;
     bool m_bOwn = false;
 };

@@ -229,6 +229,41 @@ TEST_F(BaseVariant, AFailedSaveOverAVariantLeavesIt) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(std::string(m_strDirectory)), {}), 1);
 }
 
+TEST_F(BaseVariant, IsNotSavedOverWhatAnotherProgramHasSavedSinceItWasOpenedOrSaved) {
+    const std::string strPath = Put("own.bva", {.strData = "as opened"});
+    const CVariantFile theirs{.strData = "saved by them"};
+    ASSERT_TRUE(m_pApp->OpenDocumentFile(strPath.c_str()));
+    for (const char* const pszText : {"mine", "mine once more"}) {
+        Document().m_strText = pszText;
+        EXPECT_TRUE(Document().DoFileSave()) << "nobody else has touched it";
+    }
+    Document().SetModifiedFlag();
+    std::filesystem::rename(Put("theirs", theirs), strPath);
+    {
+        CHands hands;
+        hands.Answer(nullptr,
+                     "The document could not be saved.\n" + strPath + "\n" + strPath +
+                         ": another program has changed this variant meanwhile; save it as another one",
+                     QMessageBox::Ok);
+        EXPECT_FALSE(Document().DoFileSave());
+    }
+    EXPECT_EQ(Bytes("own.bva"), theirs.Bytes());
+    EXPECT_TRUE(Document().IsModified());
+    EXPECT_EQ(Document().GetTitle(), "PS-CH (1)");
+    {
+        CHands hands; // over theirs, if the user wants that
+        hands.Select(tessara::IDD_SAVE_VARIANT, tessara::IDC_VARIANTS, 0)
+            .Press(tessara::IDD_SAVE_VARIANT, IDOK)
+            .Answer("Save Variant", "Warning! Variant already exists! Overwrite?", QMessageBox::Yes);
+        EXPECT_TRUE(Document().DoSave(nullptr));
+    }
+    EXPECT_TRUE(Document().DoFileSave());
+    std::filesystem::remove(strPath);
+    CHands hands; // where it has gone there is nothing to save into
+    hands.Press(tessara::IDD_SAVE_VARIANT, IDCANCEL);
+    EXPECT_FALSE(Document().DoFileSave());
+}
+
 TEST_F(BaseVariant, DeletingItsVariantTakesItsNumber) {
     Document().m_strText = "first";
     ASSERT_TRUE(SaveAs(0, "one"));

@@ -58,6 +58,17 @@ public:
         });
         return *this;
     }
+    /// Does something while a message box is open.
+    CHands& Meanwhile(std::function<void()> act) {
+        m_steps.push_back([=] {
+            const bool bBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (bBox) {
+                act();
+            }
+            return bBox;
+        });
+        return *this;
+    }
 
     static QAbstractItemView& ListOf(UINT nTemplate, UINT nList) {
         QWidget& control = ControlOf(nTemplate, nList);

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
+#include <cstdio>
+#include <filesystem>
 
 #include "tessara/document/BaseFile.h"
 #include "tessara/document/DialogControls.h"
@@ -41,6 +43,19 @@ protected:
         ASSERT_NE(file.Open(m_file.GetFilePath(), 2, FALSE), 0);
         file.Write("data", 4);
         file.Close();
+    }
+
+    /// What another program does, which writes a file of its own in place of the old one.
+    void Replace(const char* pszName, const CVariantFile& file) {
+        m_folder.Write("theirs", file.Bytes());
+        rename(m_folder.Path("theirs").c_str(), m_folder.Path(pszName).c_str());
+    }
+    void ChooseToSaveOver(int nLine) {
+        CHands hands;
+        hands.Select(IDD_SAVE_VARIANT, IDC_VARIANTS, nLine)
+            .Press(IDD_SAVE_VARIANT, IDOK)
+            .Answer("Save Variant", "Warning! Variant already exists! Overwrite?", QMessageBox::Yes);
+        ASSERT_NE(m_file.GetBase(&m_owner, 2), 0);
     }
 
     CFolder m_folder;
@@ -272,6 +287,99 @@ TEST_F(Wizard, ABaseNameThatIsTooLongForFilesIsTheOneTheyHave) {
     EXPECT_EQ(m_file.GetBase(&m_owner, 2), 0);
     EXPECT_EQ(m_file.GetBase(&m_owner, 1), 0);
     EXPECT_NE(m_file.DeleteBase(&m_owner, 0), 0);
+}
+
+TEST_F(Wizard, DeletingSeesWhatAnotherProgramDidWhileItAsked) {
+    const CVariantFile theirs{.strBase = "theirs", .strName = "of theirs"};
+    {
+        CHands hands;
+        hands.Press(IDD_DELETE_BASE, IDC_NEXT)
+            .Select(IDD_DELETE_VARIANT, IDC_VARIANTS, 1)
+            .Press(IDD_DELETE_VARIANT, IDC_DELETE)
+            .Meanwhile([&] { Replace("bas00002.bva", theirs); })
+            .Answer("Delete Variant", "Are you sure you want to delete selected Base Variant?",
+                    QMessageBox::Yes)
+            .Answer("Delete Variant", "Another program has deleted or replaced this variant meanwhile.",
+                    QMessageBox::Ok)
+            .Press(IDD_DELETE_VARIANT, IDCANCEL);
+        EXPECT_EQ(m_file.DeleteBase(&m_owner, 0), 0);
+    }
+    EXPECT_EQ(m_folder.Read("bas00002.bva"), theirs.Bytes());
+    CHands hands;
+    hands.Select(IDD_DELETE_BASE, IDC_BASES, 0)
+        .Press(IDD_DELETE_BASE, IDC_DELETE)
+        .Meanwhile([&] { Replace("bas00006.bva", {.strBase = "PE", .nNumber = 1}); })
+        .Answer("Delete Base", "Are you sure you want to delete the selected Base?", QMessageBox::Yes)
+        .Answer("Delete Base",
+                "Another program has changed this Base meanwhile.\nPlease look at the list again.",
+                QMessageBox::Ok)
+        .Press(IDD_DELETE_BASE, IDCANCEL);
+    EXPECT_EQ(m_file.DeleteBase(&m_owner, 2), 0);
+    EXPECT_EQ(m_folder.List().size(), 4U);
+}
+
+TEST_F(Wizard, SavingOverAVariantLeavesWhatAnotherProgramHasPutThereMeanwhile) {
+    const CVariantFile theirs{.strBase = "theirs", .strName = "of theirs"};
+    const std::string strPath = m_folder.Path("bas00002.bva");
+    CBaseFile file;
+    for (const bool bChosen : {false, true}) { // straight into the file, or over it by the wizard
+        m_folder.Write("bas00002.bva", CVariantFile{.nNumber = 2, .strName = "third"}.Bytes());
+        if (bChosen) {
+            ChooseToSaveOver(2);
+        }
+        ASSERT_NE(file.Open(strPath.c_str(), 2, FALSE), 0);
+        file.Write("mine", 4);
+        Replace("bas00002.bva", theirs);
+        EXPECT_THROW(file.Close(), CFileException);
+        EXPECT_EQ(m_folder.Read("bas00002.bva"), theirs.Bytes());
+    }
+    CFileException error; // it was so before the opening too
+    EXPECT_EQ(file.Open(strPath.c_str(), 2, FALSE, &error), 0);
+    EXPECT_EQ(error.what(),
+              strPath + ": another program has changed this variant meanwhile; save it as another one");
+    EXPECT_EQ(m_folder.Read("bas00002.bva"), theirs.Bytes());
+    EXPECT_EQ(m_folder.List().size(), 3U);
+}
+
+TEST_F(Wizard, SavingOverAVariantThatHasGoneMakesItsFileAgain) {
+    ChooseToSaveOver(2);
+    unlink(m_folder.Path("bas00002.bva").c_str());
+    SaveData();
+    EXPECT_EQ(m_folder.Read("bas00002.bva"),
+              (CVariantFile{.nNumber = 2, .strName = "third", .strTag = "cd"}.Bytes()));
+}
+
+TEST_F(Wizard, SeesThatTheArchiveHasGone) {
+    const CFolder elsewhere;
+    const auto move = [&] { rename(m_strDirectory.c_str(), elsewhere.Path("moved").c_str()); };
+    {
+        CHands hands;
+        hands.Press(IDD_SELECT_BASE, IDC_NEXT)
+            .Look(IDD_LOAD_VARIANT, move)
+            .Press(IDD_LOAD_VARIANT, IDOK)
+            .Answer("Load Variant", "Another program has deleted or replaced this variant meanwhile.",
+                    QMessageBox::Ok)
+            .Press(IDD_LOAD_VARIANT, IDCANCEL);
+        EXPECT_EQ(m_file.GetBase(&m_owner, 1), 0);
+    }
+    rename(elsewhere.Path("moved").c_str(), m_strDirectory.c_str());
+    {
+        CHands hands;
+        hands.Look(IDD_SAVE_VARIANT, move)
+            .Type(IDD_SAVE_VARIANT, IDC_VARIANT_NAME, "mine")
+            .Type(IDD_SAVE_VARIANT, IDC_COMMENT, "x")
+            .Press(IDD_SAVE_VARIANT, IDOK)
+            .Answer("Save Variant",
+                    "Another program has changed this Base meanwhile.\nPlease look at the list again.",
+                    QMessageBox::Ok)
+            .Type(IDD_SAVE_VARIANT, IDC_VARIANT_NAME, "mine")
+            .Type(IDD_SAVE_VARIANT, IDC_COMMENT, "x")
+            .Press(IDD_SAVE_VARIANT, IDOK);
+        ASSERT_NE(m_file.GetBase(&m_owner, 2), 0);
+    }
+    SaveData();
+    EXPECT_THAT(m_folder.List(), ElementsAre("bas00001.bva"));
+    EXPECT_TRUE(std::filesystem::exists(elsewhere.Path("moved/bas00002.bva")));
 }
 
 } // namespace
