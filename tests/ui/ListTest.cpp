@@ -37,6 +37,12 @@ TEST_F(ListTest, SortedListsAreAlphabeticalWhateverTheCase) {
         EXPECT_EQ(strText, sorted[i]);
     }
     EXPECT_EQ(list.AddString("Carbonate"), 2);
+    EXPECT_EQ(list.AddString("carbonate"), 3);
+    EXPECT_EQ(list.AddString("CARBONATE"), 2);
+    EXPECT_EQ(list.AddString("\xC3\x84ther"), 9); // no locale has a say
+    EXPECT_EQ(list.DeleteString(9), 9);
+    EXPECT_EQ(list.DeleteString(4), 8);
+    EXPECT_EQ(list.DeleteString(2), 7);
     EXPECT_EQ(list.InsertString(0, "zinc"), 0); // where the program says
     EXPECT_EQ(list.InsertString(99, "x"), LB_ERR);
     EXPECT_EQ(list.FindStringExact(-1, "CARBONATE"), 3);

@@ -58,14 +58,14 @@ void CListBoxModel::Clear() {
     endResetModel();
 }
 
+/// The same in every locale, for programs count on the places of lines.
 int CListBoxModel::FindPlace(const CString& strText) const {
-    QCollator order = m_order;
-    order.setCaseSensitivity(Qt::CaseInsensitive);
     const QString strWanted = ToQString(strText.View());
-    const auto it = std::upper_bound(m_items.begin(), m_items.end(), strWanted,
-                                     [&](const QString& strNew, const CListBoxItem& item) {
-                                         return order.compare(strNew, ToQString(item.strText.View())) < 0;
-                                     });
+    const auto it = std::upper_bound(
+        m_items.begin(), m_items.end(), strText, [&](const CString& strNew, const CListBoxItem& item) {
+            const int nOrder = strWanted.compare(ToQString(item.strText.View()), Qt::CaseInsensitive);
+            return nOrder != 0 ? nOrder < 0 : strNew < item.strText;
+        });
     return static_cast<int>(it - m_items.begin());
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractListModel>
-#include <QCollator>
 #include <QListView>
 #include <functional>
 #include <vector>
@@ -42,7 +41,6 @@ public:
 
 private:
     std::vector<CListBoxItem> m_items;
-    QCollator m_order;
     bool m_bCheckable = false;
 };
 

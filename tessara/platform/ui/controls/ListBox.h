@@ -4,8 +4,8 @@
 
 constexpr int LB_ERR = -1;
 
-/// A list of lines. With LBS_SORT, AddString places a line in alphabetical order, whatever the case of its
-/// letters.
+/// A list of lines. With LBS_SORT, AddString places a line in alphabetical order: by its letters whatever
+/// their case and then by its bytes, the same in every locale.
 ///
 /// With LBS_OWNERDRAWFIXED the parent is asked for the height (WM_MEASUREITEM, once) and the look
 /// (WM_DRAWITEM) of items, and where it does not handle these, MeasureItem and DrawItem. The surface is the
