@@ -1,5 +1,6 @@
 #include "tessara/platform/base/Number.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -152,6 +153,19 @@ std::optional<double> ParseNumber(const char* pszText) {
     char* pszEnd = nullptr;
     const double dValue = std::strtod(pszText, &pszEnd);
     return pszEnd != pszText && !*pszEnd ? std::optional(dValue) : std::nullopt;
+}
+
+std::optional<double> ParseNumber(std::string_view strText) {
+    // Most numbers look alike in every locale, and need not be copied to have a zero behind them.
+    double dValue = 0;
+    const char* const pEnd = strText.data() + strText.size();
+    const auto [pRead, eError] = std::from_chars(strText.data(), pEnd, dValue);
+    if (eError == std::errc() && pRead == pEnd && std::isfinite(dValue)) {
+        return dValue;
+    }
+    const bool bText = strText.find('\0') == std::string_view::npos;
+    return bText ? WithMemoryException([&] { return ParseNumber(std::string(strText).c_str()); })
+                 : std::nullopt;
 }
 
 } // namespace tessara

@@ -45,6 +45,9 @@ TESSARA_API std::string FormatValue(const char* pszFormat, double dValue);
 /// it is empty or anything else follows.
 TESSARA_API std::optional<double> ParseNumber(const char* pszText);
 
+/// The same for a part of a text, quickly. A zero byte in it is not its end: there is no number then.
+TESSARA_API std::optional<double> ParseNumber(std::string_view strText);
+
 } // namespace tessara
 
 /// 1 when `text` is not empty and strtod reads all of it as one number and, when `bAllowNegative` is 0, that
