@@ -1,6 +1,7 @@
 #include "tessara/platform/files/settings/IniText.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace tessara {
 
@@ -68,10 +69,12 @@ private:
 
 } // namespace
 
-void CNameList::Add(std::string_view strName) {
-    if (m_known.insert(LowerCase(strName)).second) {
+bool CNameList::Add(std::string_view strName) {
+    const bool bNew = m_known.insert(LowerCase(strName)).second;
+    if (bNew) {
         m_names.emplace_back(strName);
     }
+    return bNew;
 }
 
 bool IsSameName(std::string_view strA, std::string_view strB) {
@@ -86,40 +89,69 @@ std::string_view Trimmed(std::string_view str) {
                                             : str.substr(nFirst, str.find_last_not_of(BLANKS) - nFirst + 1);
 }
 
-CIniText::FOUND CIniText::Look(std::string_view strSection, std::string_view strName) const {
-    FOUND found;
-    for (CIniWalk walk(m_syntax, m_strBytes); walk.Next();) {
+CIniText::FOUND CIniText::Look(std::string_view strSection, const CIniValues& wanted) const {
+    FOUND found{std::vector<std::optional<PLACE>>(wanted.size()), {}};
+    std::unordered_map<std::string, std::size_t> missing;
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        missing.emplace(LowerCase(wanted[i].first), i);
+    }
+    for (CIniWalk walk(m_syntax, m_strBytes); !missing.empty() && walk.Next();) {
         if (!walk.IsIn(strSection)) {
             continue;
         }
         const auto entry = walk.Entry();
-        if (entry && IsSameName(entry->strName, strName)) {
-            found.value = PLACE{walk.PositionOf(entry->strValue), entry->strValue.size()};
-            return found;
-        }
         if (entry || walk.IsHeader()) {
             found.end = walk.GetNext();
+        }
+        if (const auto it = entry ? missing.find(LowerCase(entry->strName)) : missing.end();
+            it != missing.end()) {
+            found.values[it->second] = PLACE{walk.PositionOf(entry->strValue), entry->strValue.size()};
+            missing.erase(it);
         }
     }
     return found;
 }
 
 std::optional<std::string> CIniText::Find(std::string_view strSection, std::string_view strName) const {
-    const auto place = Look(strSection, strName).value;
+    const auto place = Look(strSection, {{std::string(strName), {}}}).values.front();
     return place ? std::optional(m_strBytes.substr(place->nPosition, place->nLength)) : std::nullopt;
 }
 
 void CIniText::Set(std::string_view strSection, std::string_view strName, std::string_view strValue) {
-    const FOUND found = Look(strSection, strName);
-    if (found.value) {
-        m_strBytes.replace(found.value->nPosition, found.value->nLength, strValue);
-        return;
+    SetAll(strSection, {{std::string(strName), std::string(strValue)}});
+}
+
+void CIniText::SetAll(std::string_view strSection, const CIniValues& values) {
+    const FOUND found = Look(strSection, values);
+    std::vector<std::pair<PLACE, std::string_view>> changes;
+    std::string strLines;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (found.values[i]) {
+            changes.emplace_back(*found.values[i], values[i].second);
+            continue;
+        }
+        strLines += strLines.empty() ? std::string_view() : LineEnd();
+        strLines += m_syntax.WriteName(values[i].first) + "=" + values[i].second;
     }
-    if (!found.end) {
-        AddSection(strSection);
+    if (!strLines.empty()) { // behind all values that were found, so that their places stay
+        if (!found.end) {
+            AddSection(strSection);
+        }
+        InsertLine(found.end.value_or(m_strBytes.size()), strLines);
     }
-    InsertLine(found.end.value_or(m_strBytes.size()),
-               m_syntax.WriteName(strName) + "=" + std::string(strValue));
+    Replace(std::move(changes));
+}
+
+void CIniText::Replace(std::vector<std::pair<PLACE, std::string_view>> changes) {
+    std::sort(changes.begin(), changes.end(),
+              [](const auto& a, const auto& b) { return a.first.nPosition < b.first.nPosition; });
+    std::string strNew;
+    std::size_t nCopied = 0;
+    for (const auto& [place, strValue] : changes) {
+        strNew.append(m_strBytes, nCopied, place.nPosition - nCopied).append(strValue);
+        nCopied = place.nPosition + place.nLength;
+    }
+    m_strBytes = strNew.append(m_strBytes, nCopied);
 }
 
 bool CIniText::Remove(std::string_view strSection, std::string_view strName) {
@@ -171,13 +203,23 @@ std::vector<std::string> CIniText::Sections() const {
 }
 
 std::vector<std::string> CIniText::Entries(std::string_view strSection) const {
+    std::vector<std::string> names;
+    for (auto& [strName, strValue] : Values(strSection)) {
+        names.push_back(std::move(strName));
+    }
+    return names;
+}
+
+CIniValues CIniText::Values(std::string_view strSection) const {
+    CIniValues values;
     CNameList names;
     for (CIniWalk walk(m_syntax, m_strBytes); walk.Next();) {
-        if (const auto entry = walk.IsIn(strSection) ? walk.Entry() : std::nullopt) {
-            names.Add(entry->strName);
+        const auto entry = walk.IsIn(strSection) ? walk.Entry() : std::nullopt;
+        if (entry && names.Add(entry->strName)) {
+            values.emplace_back(entry->strName, entry->strValue);
         }
     }
-    return names.Take();
+    return values;
 }
 
 void CIniText::InsertLine(std::size_t nPosition, const std::string& strLine) {

@@ -15,6 +15,9 @@ struct INIENTRY {
     std::string_view strValue; ///< as it stands, a part of the line
 };
 
+/// Names of entries with their values.
+using CIniValues = std::vector<std::pair<std::string, std::string>>;
+
 /// How names and values are written in one kind of INI file. Lines come without their end and without blanks
 /// around.
 class CIniSyntax {
@@ -49,6 +52,8 @@ public:
     std::optional<std::string> Find(std::string_view strSection, std::string_view strName) const;
     /// Replaces the value in its line, or adds a line to the section, which is made where there is none.
     void Set(std::string_view strSection, std::string_view strName, std::string_view strValue);
+    /// The same for several entries of different names, in one pass over the text.
+    void SetAll(std::string_view strSection, const CIniValues& values);
     /// Removes all entries of that name. Returns whether there was one.
     bool Remove(std::string_view strSection, std::string_view strName);
 
@@ -61,6 +66,8 @@ public:
     std::vector<std::string> Sections() const;
     /// The names of a section's entries, each once, in the file's order.
     std::vector<std::string> Entries(std::string_view strSection) const;
+    /// These entries, with their values as they stand.
+    CIniValues Values(std::string_view strSection) const;
 
 private:
     struct PLACE {
@@ -69,14 +76,14 @@ private:
     };
 
     struct FOUND {
-        std::optional<PLACE> value;
+        std::vector<std::optional<PLACE>> values; ///< of each name, the first
         /// Where a line can be added: after the section's last header or entry, so that what is said above
         /// the next section stays there.
         std::optional<std::size_t> end;
     };
 
-    /// Ends with the value, where there is one.
-    FOUND Look(std::string_view strSection, std::string_view strName) const;
+    FOUND Look(std::string_view strSection, const CIniValues& wanted) const;
+    void Replace(std::vector<std::pair<PLACE, std::string_view>> changes);
     void InsertLine(std::size_t nPosition, const std::string& strLine);
     bool IsLastLineBlank() const;
     std::string_view LineEnd() const;
@@ -94,7 +101,8 @@ std::string_view Trimmed(std::string_view str);
 /// Names in the order in which they came, each once.
 class CNameList {
 public:
-    void Add(std::string_view strName);
+    /// False for a name that is there already.
+    bool Add(std::string_view strName);
     std::vector<std::string> Take() { return std::move(m_names); }
 
 private:

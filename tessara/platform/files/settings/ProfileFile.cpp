@@ -7,43 +7,11 @@
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/base/Text.h"
 #include "tessara/platform/files/SharedFile.h"
-#include "tessara/platform/files/settings/IniText.h"
+#include "tessara/platform/files/settings/ProfileText.h"
 
 using namespace tessara;
 
 namespace {
-
-/// Such files as other programs write them too, without escapes.
-class CProfileSyntax : public CIniSyntax {
-public:
-    std::optional<std::string> ReadHeader(std::string_view strLine) const override {
-        const std::size_t nEnd = strLine.find(']');
-        return nEnd == std::string_view::npos
-                   ? std::nullopt
-                   : std::optional(std::string(Trimmed(strLine.substr(1, nEnd - 1))));
-    }
-    std::optional<INIENTRY> ReadEntry(std::string_view strLine) const override {
-        const std::size_t nEqual = strLine.find('=');
-        if (nEqual == std::string_view::npos || strLine.starts_with(';') || strLine.starts_with('=')) {
-            return std::nullopt;
-        }
-        return INIENTRY{std::string(Trimmed(strLine.substr(0, nEqual))), Trimmed(strLine.substr(nEqual + 1))};
-    }
-    std::string WriteHeader(std::string_view strSection) const override {
-        return "[" + std::string(strSection) + "]";
-    }
-    std::string WriteName(std::string_view strName) const override { return std::string(strName); }
-};
-
-const CProfileSyntax SYNTAX;
-
-bool IsQuoted(std::string_view str) {
-    return str.size() >= 2 && (str.front() == '"' || str.front() == '\'') && str.front() == str.back();
-}
-
-std::string_view WithoutQuotes(std::string_view str) {
-    return IsQuoted(str) ? str.substr(1, str.size() - 2) : str;
-}
 
 bool CanBeSection(std::string_view str) {
     return str.find_first_of("]\n") == std::string_view::npos && Trimmed(str) == str;
@@ -64,8 +32,7 @@ std::string ReadFile(const char* pszFileName) {
 
 std::optional<std::string> ReadValue(const char* pszSection, const char* pszKey, const char* pszFileName) {
     std::string strBytes = ReadFile(pszFileName);
-    const auto value = CIniText(SYNTAX, strBytes).Find(Trimmed(pszSection), Trimmed(pszKey));
-    return value ? std::optional(std::string(WithoutQuotes(*value))) : std::nullopt;
+    return CProfileText(strBytes).Find(Trimmed(pszSection), Trimmed(pszKey));
 }
 
 /// A text without what cannot be in a buffer of C strings.
@@ -90,18 +57,17 @@ DWORD GiveNames(const std::vector<std::string>& names, char* pszBuffer, DWORD nS
 
 DWORD GiveNamesOf(const char* pszSection, char* pszBuffer, DWORD nSize, const char* pszFileName) {
     std::string strBytes = ReadFile(pszFileName);
-    const CIniText text(SYNTAX, strBytes);
+    const CProfileText text(strBytes);
     return GiveNames(pszSection ? text.Entries(Trimmed(pszSection)) : text.Sections(), pszBuffer, nSize);
 }
 
-void Change(CIniText& text, const char* pszSection, const char* pszKey, const char* pszValue) {
+void Change(CProfileText& text, const char* pszSection, const char* pszKey, const char* pszValue) {
     if (!pszKey) {
         text.RemoveSection(pszSection);
     } else if (!pszValue) {
         text.Remove(pszSection, pszKey);
     } else {
-        const bool bPlain = Trimmed(pszValue) == pszValue && !IsQuoted(pszValue);
-        text.Set(pszSection, pszKey, bPlain ? pszValue : "\"" + std::string(pszValue) + "\"");
+        text.SetAll(pszSection, {{pszKey, pszValue}});
     }
 }
 
@@ -129,16 +95,7 @@ UINT GetPrivateProfileInt(const char* pszSection, const char* pszKey, int nDefau
     if (!value) {
         return static_cast<UINT>(nDefault);
     }
-    std::string_view str = *value;
-    const bool bNegative = str.starts_with('-');
-    if (bNegative || str.starts_with('+')) {
-        str.remove_prefix(1);
-    }
-    UINT nValue = 0;
-    for (; !str.empty() && str[0] >= '0' && str[0] <= '9'; str.remove_prefix(1)) {
-        nValue = nValue * 10 + static_cast<UINT>(str[0] - '0');
-    }
-    return bNegative ? 0 - nValue : nValue;
+    return ProfileNumber(*value);
 }
 
 BOOL WritePrivateProfileString(const char* pszSection, const char* pszKey, const char* pszValue,
@@ -150,7 +107,7 @@ BOOL WritePrivateProfileString(const char* pszSection, const char* pszKey, const
     try {
         WithMemoryException([&] {
             CSharedFile(pszFileName).Update([&](std::string& strBytes) {
-                CIniText text(SYNTAX, strBytes);
+                CProfileText text(strBytes);
                 Change(text, pszSection, pszKey, pszValue);
             });
         });
