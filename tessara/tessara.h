@@ -5,6 +5,11 @@
 
 #include "tessara/curveplot/GetValueDialog.h"
 #include "tessara/curveplot/OutputCurve.h"
+#include "tessara/dialogs/ChooseCurvesDialog.h"
+#include "tessara/dialogs/MonomerAbbreviation.h"
+#include "tessara/dialogs/MonomerAbbreviationsDialog.h"
+#include "tessara/dialogs/TextImportDialog.h"
+#include "tessara/dialogs/TuningParametersDialog.h"
 #include "tessara/document/ArchiveEntry.h"
 #include "tessara/document/ArchiveFolder.h"
 #include "tessara/document/BaseFile.h"

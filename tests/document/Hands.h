@@ -12,6 +12,8 @@
 #include <vector>
 
 #include "tessara/platform/qt/windows/Peer.h"
+#include "tessara/platform/qt/windows/WindowBlock.h"
+#include "tessara/platform/ui/windows/System.h"
 #include "tests/support/PlotWindow.h"
 
 namespace tessara {
@@ -20,7 +22,10 @@ namespace tessara {
 /// it. With the object's end everything must have been done.
 class CHands {
 public:
-    CHands() { Wait(); }
+    CHands() {
+        RequireWindows(); // there are no timers before
+        Wait();
+    }
     ~CHands() { EXPECT_EQ(m_nNext, m_steps.size()) << "not everything was done"; }
 
     CHands& Select(UINT nTemplate, UINT nList, int nLine) {
@@ -91,8 +96,9 @@ public:
 private:
     CHands& In(UINT nTemplate, std::function<void()> act) {
         m_steps.push_back([=] {
-            const bool bThere =
-                DialogOf(nTemplate) && !qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            const QWidget* const pDialog = DialogOf(nTemplate);
+            const bool bThere = pDialog && IsReachable(*pDialog) &&
+                                !qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             if (bThere) {
                 act();
             }
