@@ -21,7 +21,7 @@ public:
         return INIENTRY{std::string(Trimmed(strLine.substr(0, nEqual))), Trimmed(strLine.substr(nEqual + 1))};
     }
     std::string WriteHeader(std::string_view strSection) const override {
-        return "[" + std::string(strSection) + "]";
+        return std::string(1, '[').append(strSection) + ']';
     }
     std::string WriteName(std::string_view strName) const override { return std::string(strName); }
 };
@@ -56,7 +56,7 @@ CIniValues CProfileText::Values(std::string_view strSection) const {
 void CProfileText::SetAll(std::string_view strSection, CIniValues values) {
     for (auto& [strKey, strValue] : values) {
         if (Trimmed(strValue) != strValue || IsQuoted(strValue)) {
-            strValue = "\"" + strValue + "\"";
+            strValue.insert(0, 1, '"').push_back('"');
         }
     }
     CIniText::SetAll(strSection, values);

@@ -137,7 +137,7 @@ std::optional<INIENTRY> CSettingsSyntax::ReadEntry(std::string_view strLine) con
 
 std::string CSettingsSyntax::WriteHeader(std::string_view strSection) const {
     const bool bBare = strSection.empty() || CanStandBare(strSection, "]\"");
-    return "[" + (bBare ? std::string(strSection) : Quoted(strSection)) + "]";
+    return std::string(1, '[').append(bBare ? std::string(strSection) : Quoted(strSection)) + ']';
 }
 
 std::string CSettingsSyntax::WriteName(std::string_view strName) const {
