@@ -3,6 +3,12 @@
 // The whole public library. Each header can also be included alone, by the same path. A header that is not
 // listed here is internal: it is not installed.
 
+#include "tessara/appframe/AbortCalculationsThread.h"
+#include "tessara/appframe/BaseCalculationThread.h"
+#include "tessara/appframe/CalculationProgressDialog.h"
+#include "tessara/appframe/PreparationsProgressDialog.h"
+#include "tessara/appframe/ProgressDialog.h"
+#include "tessara/appframe/ProgressEstimate.h"
 #include "tessara/curveplot/GetValueDialog.h"
 #include "tessara/curveplot/OutputCurve.h"
 #include "tessara/dialogs/ChooseCurvesDialog.h"

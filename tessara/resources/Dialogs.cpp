@@ -1,6 +1,7 @@
 #include "tessara/platform/ui/controls/ControlClasses.h"
 #include "tessara/platform/ui/resources/Resources.h"
 #include "tessara/platform/ui/windows/Styles.h"
+#include "tessara/resources/FrameDialogs.h"
 
 // The library's dialogs.
 
@@ -178,7 +179,11 @@ constexpr CDialogTemplate DIALOGS[] = {
     {16386, "Load Base Variant", 0, 0, 260, 215, WIZARD, LOAD_VARIANT},
     {16387, "Delete Base", 0, 0, 210, 164, WIZARD, DELETE_BASE},
     {16388, "Delete Base Variant", 0, 0, 260, 215, WIZARD, DELETE_VARIANT},
+    {16390, "Calculation", 0, 0, 220, 90, PROGRESS_WINDOW, CALCULATION},
     {16391, "Get Value", 300, 240, 109, 132, TOOL_WINDOW, CURVE_VALUE},
+    {16403, "Welcome", 0, 0, 190, 124, WIZARD, WELCOME},
+    {16404, "", 0, 0, 120, 80, WS_POPUP, {}},
+    {16405, "Preparations", 0, 0, 180, 74, PROGRESS_WINDOW, PREPARATIONS},
     {16406, "Get Value", 0, 0, 84, 57, TOOL_WINDOW, DIAGRAM_VALUE},
     {16422, "Select Curves to Output", 0, 0, 284, 200, WIZARD, CHOOSE_CURVES},
     {16423, "Import Text", 0, 0, 290, 208, WIZARD, TEXT_IMPORT},

@@ -6,6 +6,7 @@ namespace {
 
 constexpr tessara::CStringResource STRINGS[] = {
     {16384, "You did not save current Base Variant to archive. Save it ?"},
+    {16390, "The program is aborting the calculations now. Please wait."},
     {16391, "You have to specify the monomer name.\nPlease try again."},
     {16392, "You have to specify the monomer abbreviation.\nPlease try again."},
     {16393, "First you have to select the abbreviation from the list.\nPlease try again."},

@@ -124,6 +124,13 @@ LOGFONT WindowFont(const CWnd* pWnd) {
     });
 }
 
+double WindowScale(const CWnd* pWnd) {
+    return OnMainThread([&] {
+        CPeer* const pPeer = pWnd ? CPeer::Find(pWnd->GetSafeHwnd()) : nullptr;
+        return pPeer ? pPeer->GetRatio() : 1.0;
+    });
+}
+
 } // namespace tessara
 
 COLORREF GetSysColor(int nIndex) {

@@ -48,7 +48,7 @@ void CBackingImage::Update() {
     }
     const bool bHere = record->pOwner->IsOfThisThread();
     // An object of the layer's own paints nothing; nor does one of another thread whose map does not say so.
-    if (!HasOwnObject(hWnd) || (!bHere && !record->bPaints)) {
+    if (!record->bPaints && (!bHere || !HasOwnObject(hWnd))) {
         m_bInvalid = m_bProgramPaints = false;
     } else if (bHere) {
         PaintHere();

@@ -1,5 +1,9 @@
 #include "tessara/platform/ui/controls/Controls.h"
 
+#include <algorithm>
+#include <mutex>
+#include <vector>
+
 #include "tessara/platform/ui/controls/AnimateCtrl.h"
 #include "tessara/platform/ui/controls/Button.h"
 #include "tessara/platform/ui/controls/ControlClasses.h"
@@ -44,15 +48,46 @@ constexpr CControlClass CLASSES[] = {
     {CLASS_ANIMATION, &Make<CAnimateCtrl>},
 };
 
+/// The library's classes and those of programs.
+struct CControlClasses {
+    std::mutex lock;
+    std::vector<CControlClass> classes{std::begin(CLASSES), std::end(CLASSES)};
+
+    static CControlClasses& Get() {
+        static auto* const s_pClasses = new CControlClasses; // threads may outlive static objects
+        return *s_pClasses;
+    }
+    /// The caller holds the lock.
+    const CControlClass* Find(const char* pszClass) const {
+        const auto it = std::find_if(classes.begin(), classes.end(), [&](const CControlClass& entry) {
+            return CString(pszClass).CompareNoCase(entry.pszName) == 0;
+        });
+        return it == classes.end() ? nullptr : &*it;
+    }
+};
+
 } // namespace
 
+bool RegisterControlClass(const char* pszClass, std::unique_ptr<CWnd> (*pfnMake)()) {
+    CControlClasses& table = CControlClasses::Get();
+    const std::lock_guard lock(table.lock);
+    if (!pszClass || !*pszClass || table.Find(pszClass)) {
+        return false;
+    }
+    table.classes.push_back({pszClass, pfnMake});
+    return true;
+}
+
 std::unique_ptr<CWnd> MakeControlObject(const char* pszClass) {
-    for (const CControlClass& entry : CLASSES) {
-        if (CString(pszClass).CompareNoCase(entry.pszName) == 0) {
-            return entry.pfnMake();
+    std::unique_ptr<CWnd> (*pfnMake)() = &Make<CWnd>;
+    {
+        CControlClasses& table = CControlClasses::Get();
+        const std::lock_guard lock(table.lock);
+        if (const CControlClass* const pClass = table.Find(pszClass)) {
+            pfnMake = pClass->pfnMake;
         }
     }
-    return std::make_unique<CWnd>();
+    return pfnMake();
 }
 
 } // namespace tessara

@@ -53,15 +53,26 @@ void AddItem(CWnd& dialog, const tessara::CDialogItem& item) {
 } // namespace
 
 BOOL CDialog::Create(UINT nIDTemplate, CWnd* pParent) {
+    m_pParentWnd = pParent;
+    const CWnd* const pOwner = pParent ? pParent : AfxGetMainWnd();
+    return CreateOver(nIDTemplate, tessara::TopLevelOf(pOwner ? pOwner->GetSafeHwnd() : nullptr));
+}
+
+BOOL CDialog::CreateOwnedBy(UINT nIDTemplate, HWND hOwner) {
+    m_pParentWnd = nullptr;
+    const HWND hTop = tessara::TopLevelOf(hOwner);
+    return (hTop || !hOwner) && CreateOver(nIDTemplate, hTop);
+}
+
+/// The owner is a top-level window, or null.
+BOOL CDialog::CreateOver(UINT nIDTemplate, HWND hOwner) {
     const tessara::CDialogTemplate* const pTemplate = tessara::FindDialogTemplate(nIDTemplate);
     if (!pTemplate) {
         return FALSE;
     }
     m_nIDTemplate = nIDTemplate;
-    m_pParentWnd = pParent;
     m_pLoop.reset();
-    const CWnd* const pOwner = pParent ? pParent : AfxGetMainWnd();
-    if (!Build(*pTemplate, tessara::TopLevelOf(pOwner ? pOwner->GetSafeHwnd() : nullptr))) {
+    if (!Build(*pTemplate, hOwner)) {
         return FALSE;
     }
     const HWND hWnd = m_hWnd;

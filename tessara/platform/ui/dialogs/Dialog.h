@@ -60,6 +60,10 @@ protected:
     virtual void OnCancel(); ///< EndDialog(IDCANCEL)
     virtual void DoDataExchange(CDataExchange*) {}
 
+    /// Create for an owner that another thread may be ending meanwhile: zero also when it has gone. A null
+    /// owner is none.
+    BOOL CreateOwnedBy(UINT nIDTemplate, HWND hOwner);
+
     void OnClose();
     LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
@@ -68,6 +72,7 @@ protected:
     CWnd* m_pParentWnd = nullptr;
 
 private:
+    BOOL CreateOver(UINT nIDTemplate, HWND hOwner);
     BOOL Build(const tessara::CDialogTemplate& resource, HWND hOwner);
     void Initialise();
     HWND FindOwner() const;

@@ -67,4 +67,8 @@ TESSARA_API void RequireWindows();
 /// at the device's size; the desktop's font when the window is null or has gone.
 TESSARA_API LOGFONT WindowFont(const CWnd* pWnd);
 
+/// How many pixels the desktop takes where it took one at its usual size: 2 on a screen of twice the density.
+/// 1 when the window is null or has gone.
+TESSARA_API double WindowScale(const CWnd* pWnd);
+
 } // namespace tessara
