@@ -135,7 +135,8 @@ TEST_F(StructureLayout, PlacesAndEtchesItsPartsByTheTable) {
         for (int y = 0; y < cy; ++y) {
             for (int x = 0; x < cx; ++x) {
                 if (image.GetPixel(x, y) != plain.At(x, y) && ++nWrong < 9) {
-                    ADD_FAILURE() << cx << " x " << cy << ": pixel " << x << "," << y << std::hex << " is " << image.GetPixel(x, y) << ", not " << plain.At(x, y);
+                    ADD_FAILURE() << cx << " x " << cy << ": pixel " << x << "," << y << std::hex << " is "
+                                  << image.GetPixel(x, y) << ", not " << plain.At(x, y);
                 }
             }
         }

@@ -11,6 +11,8 @@
 #include "tessara/platform/ui/frames/FrameWnd.h"
 #include "tessara/platform/ui/frames/WinApp.h"
 #include "tessara/platform/ui/resources/MenuResources.h"
+#include "tessara/platform/ui/threads/Loop.h"
+#include "tessara/platform/ui/windows/System.h"
 #include "tests/document/Hands.h"
 
 namespace tessara {
@@ -81,6 +83,7 @@ public:
     explicit CVariantProgram(CRuntimeClass* pViewClass) {
         static const bool s_bAdded = (AddMenuResources(MENUS), AddStringResources(STRINGS), true);
         static_cast<void>(s_bAdded);
+        RequireWindows(); // a test begins to wait before there is a window
         const std::string strSettings = ::testing::TempDir() + "appframe";
         std::filesystem::remove_all(strSettings);
         setenv("XDG_CONFIG_HOME", strSettings.c_str(), 1);
@@ -96,18 +99,20 @@ public:
         std::filesystem::create_directories(m_strArchive);
     }
     ~CVariantProgram() {
-        if (m_app.m_pMainWnd) {
-            if (CDocument* const pDocument = Frame().GetActiveDocument()) {
-                pDocument->SetModifiedFlag(FALSE);
-            }
-            m_app.m_pMainWnd->DestroyWindow();
-        }
+        Close();
         std::filesystem::remove_all(m_strArchive);
         unsetenv("XDG_CONFIG_HOME");
     }
     CVariantProgram(const CVariantProgram&) = delete;
     CVariantProgram& operator=(const CVariantProgram&) = delete;
 
+    /// Ends the frame; the program goes on.
+    void Close() {
+        if (m_app.m_pMainWnd) {
+            m_app.m_pMainWnd->DestroyWindow();
+            TakeExitCode();
+        }
+    }
     CFrameWnd& Frame() { return static_cast<CFrameWnd&>(*m_app.m_pMainWnd); }
     VIEW& View() { return static_cast<VIEW&>(*Frame().GetActiveView()); }
     CItemsDocument& Document() { return static_cast<CItemsDocument&>(*Frame().GetActiveDocument()); }
