@@ -4,6 +4,7 @@
 #include <new>
 
 #include "tessara/appframe/BaseCalculationThread.h"
+#include "tessara/platform/ui/windows/WindowTable.h"
 
 IMPLEMENT_DYNCREATE(CAbortCalculationsThread, CWinThread)
 
@@ -11,6 +12,12 @@ namespace {
 
 /// The thread's own: what has been counted is to be seen.
 constexpr UINT WM_PROGRESS_SHOW = 1037;
+
+/// Whether a window has gone, or its top-level window is about to.
+bool IsEnding(HWND hWnd) {
+    const auto top = tessara::FindWindow(tessara::TopLevelOf(hWnd));
+    return !top || top->nEnd != 0;
+}
 
 } // namespace
 
@@ -41,7 +48,7 @@ BOOL CAbortCalculationsThread::InitInstance() {
     } catch (const std::exception&) {
         // Whatever keeps the dialog from being there does not keep the calculation from its end.
     }
-    if (m_hParentWnd && !IsWindow(m_hParentWnd)) {
+    if (!m_pMainWnd && m_hParentWnd && IsEnding(m_hParentWnd)) {
         m_bAborted = true;
     }
     return TRUE;

@@ -35,12 +35,12 @@ TEST(Resources, LaterModulesHideEarlierOnesNumberByNumber) {
 TEST(Resources, TheLibrarysAnimationsAreStripsOfPicturesThatDiffer) {
     EnsureApplication();
     for (const UINT nID : {134U, 135U}) {
-        const QList<QPixmap> pictures = LoadAnimation(nID, 40);
-        ASSERT_GE(pictures.size(), 8);
-        EXPECT_EQ(pictures[0].size(), QSize(40, 40));
-        EXPECT_NE(pictures[0].toImage(), pictures[pictures.size() / 2].toImage());
+        CFilm film(nID);
+        ASSERT_GE(film.GetCount(), 8);
+        EXPECT_EQ(film.Draw(0, 40).size(), QSize(40, 40));
+        EXPECT_NE(film.Draw(0, 40).toImage(), film.Draw(film.GetCount() / 2, 40).toImage());
     }
-    EXPECT_TRUE(LoadAnimation(4711, 40).isEmpty());
+    EXPECT_EQ(CFilm(4711).GetCount(), 0);
 }
 
 TEST(Resources, StringsAreLoadedByNumber) {

@@ -3,6 +3,8 @@
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <memory>
 
 #include "tessara/platform/base/Exception.h"
 #include "tessara/platform/qt/controls/ControlPeer.h"
@@ -24,7 +26,7 @@ public:
     }
 
     void Open(UINT nID) {
-        m_nID = nID;
+        m_pFilm = nID != 0 ? std::make_unique<CFilm>(nID) : nullptr;
         m_pictures.clear();
         m_nPicture = 0;
         m_bPlaying = false;
@@ -33,7 +35,7 @@ public:
         }
         update();
     }
-    bool IsOpen() const { return m_nID != 0; }
+    bool IsOpen() const { return m_pFilm != nullptr; }
     void Play(int nFrom, int nTo, int nRepeat) {
         m_nFrom = nFrom;
         m_nTo = nTo;
@@ -60,14 +62,14 @@ protected:
 private:
     void Advance();
     int GetLast() const {
-        const int nLast = static_cast<int>(m_pictures.size()) - 1;
+        const int nLast = m_pFilm ? m_pFilm->GetCount() - 1 : -1;
         return m_nTo < 0 ? nLast : std::min(m_nTo, nLast);
     }
 
     DWORD m_dwStyle;
-    UINT m_nID = 0;
     QTimer m_timer;
-    QList<QPixmap> m_pictures; ///< at the size of the widget; made when first painted
+    std::unique_ptr<CFilm> m_pFilm;    ///< null when nothing is open
+    std::map<int, QPixmap> m_pictures; ///< those painted so far, at the size of the widget
     int m_nPicture = 0;
     int m_nFrom = 0;
     int m_nTo = -1;
@@ -92,13 +94,14 @@ void CAnimationWidget::paintEvent(QPaintEvent*) {
         QPainter(this).fillRect(rect(), QApplication::palette(this).window());
     }
     const int nSide = static_cast<int>(std::lround(std::min(width(), height()) * devicePixelRatioF()));
-    if (m_nID == 0 || nSide < 1) {
+    if (!m_pFilm || m_pFilm->GetCount() == 0 || nSide < 1) {
         return;
     }
-    if (m_pictures.isEmpty()) {
-        m_pictures = LoadAnimation(m_nID, nSide);
+    const int nPicture = std::clamp(m_nPicture, 0, std::max(0, GetLast()));
+    QPixmap& picture = m_pictures[nPicture];
+    if (picture.isNull()) {
+        picture = m_pFilm->Draw(nPicture, nSide);
     }
-    const QPixmap picture = m_pictures.value(std::clamp(m_nPicture, 0, std::max(0, GetLast())));
     const double dSide = nSide / devicePixelRatioF();
     QPainter painter(this);
     const QSizeF room = m_dwStyle & ACS_CENTER ? QSizeF(width() - dSide, height() - dSide) : QSizeF(0, 0);

@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
-#include <QSvgRenderer>
 #include <cmath>
 
 #include "tessara/platform/gdi/Bitmap.h"
@@ -48,24 +47,22 @@ QPixmap LoadPicture(EFileResource eKind, UINT nID, double dRatio) {
     return pixmap;
 }
 
-QList<QPixmap> LoadAnimation(UINT nID, int nSide) {
-    QList<QPixmap> pictures;
+CFilm::CFilm(UINT nID) {
     const CFileResource* const pResource = FindFileResource(EFileResource::animation, nID);
-    if (!pResource) {
-        return pictures;
+    if (pResource && m_renderer.load(BytesOf(*pResource))) {
+        const QSize strip = m_renderer.defaultSize();
+        m_nPictures = strip.height() > 0 ? strip.width() / strip.height() : 0;
     }
-    QSvgRenderer renderer(BytesOf(*pResource));
-    const QSize strip = renderer.defaultSize();
-    const int nPictures = strip.height() > 0 ? strip.width() / strip.height() : 0;
-    for (int i = 0; i < nPictures; ++i) {
-        QPixmap pixmap(nSide, nSide);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        renderer.setViewBox(QRect(i * strip.height(), 0, strip.height(), strip.height()));
-        renderer.render(&painter);
-        pictures.append(pixmap);
-    }
-    return pictures;
+}
+
+QPixmap CFilm::Draw(int nPicture, int nSide) {
+    QPixmap pixmap(nSide, nSide);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    const int nHeight = m_renderer.defaultSize().height();
+    m_renderer.setViewBox(QRect(nPicture * nHeight, 0, nHeight, nHeight));
+    m_renderer.render(&painter);
+    return pixmap;
 }
 
 } // namespace tessara
