@@ -2,10 +2,12 @@
 #include <csignal>
 #include <iostream>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
 #include "tessara/platform/ui/frames/WinApp.h"
+#include "tests/support/PlainUser.h"
 #include "tests/survival/SaveTries.h"
 
 // Whole processes that save a document into an archive, and are killed, or fail, in each of their system
@@ -54,6 +56,23 @@ TEST_F(Survival, AnErrorInAnyCallIsToldAndLeavesTheOldVariantOrIsOvercome) {
         EXPECT_EQ(m_tries.FaultsWhenFailed(SaveDocument, trial, {EINTR}), "");
     }
     EXPECT_NE(m_tries.FaultsWhenFailed(SaveUnsafely, UNSAFE, {ENOSPC}), "") << "the test must see damage";
+}
+
+TEST_F(Survival, AnArchiveThatHasBecomeReadOnlyIsToldAndLeavesTheOldVariant) {
+    const CSaver plain = [](const CTrial& trial, const std::string& strArchive, int nReport) {
+        BecomePlainUser();
+        SaveDocument(trial, strArchive, nReport);
+    };
+    const char* const pszArchive = m_tries.GetArchive().GetFolder().c_str();
+    for (const EWay eWay : {EWay::asNew, EWay::inPlace, EWay::over}) {
+        const CTrial trial = {eWay, 4096};
+        m_tries.GetArchive().Fill(trial);
+        chmod(pszArchive, 0555);
+        const CWatchedEnd end = m_tries.Save(plain, trial, [](const FILECALL&) { return CVerdict{}; });
+        chmod(pszArchive, 0755);
+        EXPECT_FALSE(IsSaved(end));
+        EXPECT_EQ(m_tries.FaultWhenFailed(trial, end, EACCES, false), "");
+    }
 }
 
 /// A limit of the size of files is like a full disk, and is told like one, also to a program that has not
