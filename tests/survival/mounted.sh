@@ -10,7 +10,7 @@ fi
 
 work=$(mktemp -d)
 loop=
-trap 'umount "$work/archive" 2>/dev/null || true; [ -z "$loop" ] || losetup -d "$loop"; rm -rf "$work"' EXIT
+trap 'umount "$work/archive" "$work/temporary" 2>/dev/null || true; [ -z "$loop" ] || losetup -d "$loop"; rm -rf "$work"' EXIT
 mkdir "$work/archive" "$work/temporary"
 mount -t tmpfs -o size=64m none "$work/temporary"
 export TMPDIR=$work/temporary TESSARA_SURVIVAL_ARCHIVE=$work/archive TESSARA_SURVIVAL_ALL=1
