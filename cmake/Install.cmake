@@ -39,7 +39,7 @@ install(FILES LICENSE README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${docum
 install(DIRECTORY docs DESTINATION ${document_folder} FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
 install(DIRECTORY examples/data DESTINATION ${document_folder}/examples
   FILES_MATCHING PATTERN "*.txt" PATTERN "*.json")
-foreach(folder chain flory/model flory/program frame variants)
+foreach(folder calculation chain flory/model flory/program frame variants)
   install(DIRECTORY examples/${folder}/ DESTINATION ${document_folder}/examples/${folder}
     FILES_MATCHING PATTERN "*.cpp" PATTERN "*.h")
 endforeach()

@@ -62,6 +62,14 @@ frame)
     timeout 60 "$work/frame" --screenshot "$work/frame.png"
     is_png "$work/frame.png" || fail "the example showed no window"
     ;;
+calculation)
+    # The installed example with a long calculation, as its reader would build it, run to its end.
+    export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
+    read -ra flags < <(pkg-config --cflags --libs tessara)
+    "${CXX:-c++}" -std=c++20 -O2 -Wall -Wextra "$examples/calculation/Main.cpp" -o "$work/calculation" "${flags[@]}"
+    timeout 60 "$work/calculation" --screenshot "$work/chains.png"
+    is_png "$work/chains.png" || fail "the example showed no result"
+    ;;
 variants)
     # The installed example with documents, built as its reader would and used with the keyboard.
     export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
