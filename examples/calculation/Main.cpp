@@ -45,10 +45,9 @@ public:
 class CChainWnd : public CWnd {
 public:
     CString m_strPicture; // write the result there and end, unless empty
-    void Compute() {
-        if (!std::exchange(m_bComputing, true)) {
-            (new CChainThread(m_hWnd, m_result))->CreateThread();
-        }
+    BOOL Compute() {
+        m_bComputing = m_bComputing || (new CChainThread(m_hWnd, m_result))->CreateThread();
+        return m_bComputing;
     }
 
 protected:
@@ -71,7 +70,7 @@ protected:
     void OnDestroy() { AwaitThread(); }
     // Until it has gone, the thread may still use the curve.
     void AwaitThread() {
-        if (std::exchange(m_bComputing, false)) {
+        if (std::exchange(m_bComputing, FALSE)) {
             WaitForSingleObject(CChainThread::m_hEventCalculationThreadKilled, INFINITE);
         }
     }
@@ -80,12 +79,14 @@ protected:
         CPaintDC dc(this);
         CRect client;
         GetClientRect(&client);
+        dc.FillRect(&client, static_cast<CBrush*>(tessara::GetStockObject(WHITE_BRUSH)));
+        dc.SetBkMode(TRANSPARENT);
         m_plot.Paint(&dc, client, nullptr);
     }
     DECLARE_MESSAGE_MAP()
 
 private:
-    bool m_bComputing = false;
+    BOOL m_bComputing = FALSE;
     CCurve m_result{LENGTHS}; // the thread's, while it computes
     CCurve m_shown{LENGTHS};
     COutputCurve m_plot;
@@ -104,10 +105,9 @@ struct CChainApp : CWinApp {
         ParseCommandLine(info);
         m_window.m_strPicture = info.m_strFileName;
         m_pMainWnd = &m_window;
-        const BOOL bMade = m_window.Create(nullptr, "Random chains", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                                           CRect(0, 0, 800, 575), nullptr, 0);
-        m_window.Compute();
-        return bMade;
+        return m_window.Create(nullptr, "Random chains", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                               CRect(0, 0, 800, 575), nullptr, 0) &&
+               m_window.Compute();
     }
     CChainWnd m_window;
 } theApp;
