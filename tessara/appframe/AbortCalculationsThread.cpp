@@ -63,21 +63,30 @@ int CAbortCalculationsThread::Run() {
     return 0;
 }
 
+// Without a dialog, or when that has gone with its owner, the main window is null and nothing is to be done.
+
 void CAbortCalculationsThread::OnBegin(WPARAM wParam, LPARAM) {
-    GetDialog().Begin(static_cast<int>(wParam));
+    if (m_pMainWnd) {
+        GetDialog().Begin(static_cast<int>(wParam));
+    }
 }
 
 void CAbortCalculationsThread::OnEnd(WPARAM, LPARAM) {
-    GetDialog().End();
+    if (m_pMainWnd) {
+        GetDialog().End();
+    }
 }
 
 void CAbortCalculationsThread::OnStep(WPARAM, LPARAM) {
-    GetDialog().Step();
-    ShowSoon();
+    if (m_pMainWnd) {
+        GetDialog().Step();
+        ShowSoon();
+    }
 }
 
 void CAbortCalculationsThread::OnSetPercent(WPARAM, LPARAM lParam) {
-    if (const std::unique_ptr<double> pFraction{reinterpret_cast<double*>(lParam)}) {
+    const std::unique_ptr<double> pFraction{reinterpret_cast<double*>(lParam)};
+    if (m_pMainWnd && pFraction) {
         GetDialog().SetPercent(*pFraction);
         ShowSoon();
     }

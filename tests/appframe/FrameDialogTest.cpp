@@ -194,6 +194,18 @@ TEST_F(FrameDialog, ATemplateMayNameTheClassOfMathStatics) {
     dialog.DestroyWindow();
 }
 
+TEST_F(FrameDialog, OpeningAndClosingLeavesNothingBehind) {
+    CheckRounds([&] {
+        CHands hands;
+        hands.Press(IDD_WELCOME, IDOK).Look(IDD_LOGOTYPE, [] {
+            QTest::keyClick(DialogOf(IDD_LOGOTYPE), Qt::Key_Escape);
+        });
+        CWelcomeDialog(&m_owner).DoModal(3);
+        CLogotypeDialog(IDB_WIDE, &m_owner).DoModal();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    });
+}
+
 } // namespace
 
 } // namespace tessara
