@@ -35,6 +35,7 @@ WORKS = [
     ("NewDiagramSmooth", "painting them with new data, smooth", None),
     ("NewDiagramNoisy", "painting them with new data, noisy", None),
     ("ArchiveListing", "listing 10,000 variants of an archive", 1.2),
+    ("TextImport", "importing a text file of 1e6 lines through its dialog", 1.0),
 ]
 # Answer, what it is, the milliseconds to keep to, and the replot of the peer beside it.
 ANSWERS = [
@@ -129,7 +130,7 @@ def machine():
             break
     compiler = subprocess.run(["g++", "-dumpfullversion"], capture_output=True, text=True).stdout.strip()
     packages = ["libbenchmark-dev", "libgsl-dev", "libgeos++-dev", "libcgal-dev", "libboost-dev",
-                "libqcustomplot-dev"]
+                "libqcustomplot-dev", "python3-pandas"]
     query = subprocess.run(["dpkg-query", "-W", "-f", "${Package} ${Version}\n", *packages], capture_output=True,
                            text=True)
     return "\n".join([f"- {model}, {platform.system()} {platform.release()}", f"- GCC {compiler}, build preset `bench`"] +

@@ -12,6 +12,8 @@ cmake --build --preset bench -j "$(nproc)"
 results=$build/results
 rm -rf "$results"
 mkdir -p "$results"
+export TESSARA_IMPORT_FILE=$results/import.txt # bench_import reads it too
+/usr/bin/python3 bench/import_pandas.py "$TESSARA_IMPORT_FILE" "$results/import_pandas.json" "$repetitions"
 for program in "$build"/bench/bench_*; do
     [[ -x $program && -f $program ]] || continue
     echo "Running $(basename "$program")"
