@@ -120,6 +120,7 @@ void CBaseVariantViewBase::OnDraw(CDC* pDC) {
     }
     CBrush face(GetSysColor(COLOR_BTNFACE));
     pDC->FillRect(&client, &face);
+    pDC->SetTextColor(GetSysColor(COLOR_BTNTEXT)); // what can be read on that ground
     OnDrawInformation(pDC, client, m_nInformation);
 }
 

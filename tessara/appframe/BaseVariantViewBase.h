@@ -48,7 +48,8 @@ public:
 protected:
     CBaseVariantViewBase() = default;
 
-    /// Draws the page of details of that number, over the whole client area. The ground is drawn already.
+    /// Draws the page of details of that number, over the whole client area. The ground is drawn already,
+    /// and texts are in the colour that goes with it.
     /// DEFAULT: draws nothing.
     virtual void OnDrawInformation(CDC* pDC, CRect& rect, int nInformation);
 

@@ -96,16 +96,16 @@ TEST_F(FrameDialog, LogotypeShowsItsPictureUntilAKeyOrAButton) {
                                                   [](QWidget* p) { QTest::keyClick(p, Qt::Key_Down); }};
     for (const auto& act : acts) {
         CLogotypeDialog dialog(IDB_WIDE, &m_owner);
-        const int nScale = static_cast<int>(WindowScale(&m_owner));
         CHands hands;
         hands.Look(IDD_LOGOTYPE, [&] {
             dialog.UpdateWindow();
             CRect client;
             dialog.GetClientRect(&client);
-            EXPECT_EQ(client, CRect(0, 0, 40 * nScale, 20 * nScale));
+            const double dScale = WindowScale(&m_owner);
+            EXPECT_EQ(client, CRect(0, 0, static_cast<int>(40 * dScale), static_cast<int>(20 * dScale)));
             CClientDC dc(&dialog);
             EXPECT_EQ(dc.GetPixel(0, 0), RGB(255, 0, 0));
-            EXPECT_EQ(dc.GetPixel(20 * nScale, 19 * nScale), RGB(0, 0, 255));
+            EXPECT_EQ(dc.GetPixel(client.right - 1, client.bottom - 1), RGB(0, 0, 255));
             act(DialogOf(IDD_LOGOTYPE));
         });
         EXPECT_EQ(dialog.DoModal(), IDOK);

@@ -107,7 +107,23 @@ protected:
         m_view.ScreenToClient(&rect);
         return rect;
     }
-    void Resize(int cx, int cy) { m_view.MoveWindow(0, 0, cx, cy); }
+    /// Tells the size that the view has then: where one of Qt's units is several pixels, not every one.
+    CSize Resize(int cx, int cy) {
+        m_view.MoveWindow(0, 0, cx, cy);
+        CRect client;
+        m_view.GetClientRect(&client);
+        return client.Size();
+    }
+    /// Nor can every place be had there.
+    void ExpectAt(const CWnd& wnd, const CRect& place) const {
+        const int nNear = WindowScale(&m_view) > 1 ? 2 : 0;
+        const CRect is = PlaceOf(wnd);
+        CString strText;
+        wnd.GetWindowText(strText);
+        for (const auto pSide : {&RECT::left, &RECT::top, &RECT::right, &RECT::bottom}) {
+            EXPECT_NEAR(is.*pSide, place.*pSide, nNear) << wnd.GetDlgCtrlID() << strText;
+        }
+    }
 
     CWnd m_parent;
     CStructureView& m_view = *new CStructureView; // deletes itself
@@ -118,16 +134,18 @@ TEST_F(StructureLayout, PlacesAndEtchesItsPartsByTheTable) {
     EXPECT_EQ(h, CClientDC(&m_view).GetTextExtent("Wg").cy);
     const CSize back = CClientDC(&m_view).GetTextExtent("<< Back");
     EXPECT_EQ(m_view.m_sizeBack, CSize(back.cx + 32, back.cy + 10));
-    for (const auto& [cx, cy] : {std::pair(800, 575), {640, 480}, {641, 333}, {1111, 801}, {150, 90}}) {
-        Resize(cx, cy);
+    for (const CSize& wanted : {CSize(800, 575), {640, 480}, {641, 333}, {1111, 801}, {150, 90}}) {
+        const CSize size = Resize(static_cast<int>(wanted.cx), static_cast<int>(wanted.cy));
+        const int cx = static_cast<int>(size.cx);
+        const int cy = static_cast<int>(size.cy);
         const int c = cx / 2;
-        EXPECT_EQ(PlaceOf(m_view.m_staticTitle), CRect(0, 0, cx, h + 4)) << cx;
-        EXPECT_EQ(PlaceOf(m_view.m_staticInput), CRect(0, h + 10, c - 3, 2 * h + 14)) << cx;
-        EXPECT_EQ(PlaceOf(m_view.m_staticOutput), CRect(c + 3, h + 10, 2 * c, 2 * h + 14)) << cx;
-        EXPECT_EQ(PlaceOf(m_view.m_listInput), CRect(0, 2 * h + 20, c - 3, cy)) << cx;
-        EXPECT_EQ(PlaceOf(m_view.m_listOutput), CRect(c + 3, 2 * h + 20, 2 * c, cy)) << cx;
+        ExpectAt(m_view.m_staticTitle, CRect(0, 0, cx, h + 4));
+        ExpectAt(m_view.m_staticInput, CRect(0, h + 10, c - 3, 2 * h + 14));
+        ExpectAt(m_view.m_staticOutput, CRect(c + 3, h + 10, 2 * c, 2 * h + 14));
+        ExpectAt(m_view.m_listInput, CRect(0, 2 * h + 20, c - 3, cy));
+        ExpectAt(m_view.m_listOutput, CRect(c + 3, 2 * h + 20, 2 * c, cy));
         const int nLeft = (cx - static_cast<int>(back.cx + 32)) / 2;
-        EXPECT_EQ(PlaceOf(m_view.m_btnBack), CRect(nLeft, 16, nLeft + back.cx + 32, 16 + back.cy + 10));
+        ExpectAt(m_view.m_btnBack, CRect(nLeft, 16, nLeft + back.cx + 32, 16 + back.cy + 10));
         CImageDC image(cx, cy);
         m_view.OnDraw(&image);
         const CPlainPicture plain(cx, cy, h);
@@ -151,7 +169,7 @@ TEST_F(StructureLayout, PlacesAndEtchesItsPartsByTheTable) {
 
 TEST_F(StructureLayout, DrawsInThisOrder) {
     m_view.m_nTextHeight = 16;
-    Resize(640, 480);
+    Resize(642, 480); // a size that there is at every scale
     CLoggedSurface surface;
     m_view.OnDraw(&surface.dc);
     ExpectGolden("structure_view.surface.txt", JoinLines(surface.lines));
