@@ -153,8 +153,23 @@ void CBaseVariantViewBase::OnKeyDown(UINT nKey, UINT nRepeat, UINT nFlags) {
 
 void CBaseVariantViewBase::OnShowWindow(BOOL bShow, UINT nStatus) {
     CView::OnShowWindow(bShow, nStatus);
+    if (bShow) {
+        FillLists();
+    }
+}
+
+/// A frame shows the next document in the view that it has.
+void CBaseVariantViewBase::OnInitialUpdate() {
+    CView::OnInitialUpdate();
+    FillLists();
+    if (m_nInformation != NO_PAGE) {
+        OnBack();
+    }
+}
+
+void CBaseVariantViewBase::FillLists() {
     const auto* const pVariant = dynamic_cast<const CBaseVariant*>(GetDocument());
-    if (!bShow || !pVariant) {
+    if (!pVariant) {
         return;
     }
     Refill(m_listInput, pVariant->m_inputItems, [this](auto... item) { AddInputItem(item...); });

@@ -12,7 +12,8 @@ class CInterfaceItemArray;
 /// click replaces the lists by that page, which the derived view draws, and "<< Back" brings them back.
 ///
 /// The document is a CBaseVariant; without one the lists are empty. They are filled anew whenever the view is
-/// shown. A program that wants Tab and Enter to lead through the view calls OnTab and OnEnter.
+/// shown or has got another document. A program that wants Tab and Enter to lead through the view calls OnTab
+/// and OnEnter.
 ///
 ///     class CMyView : public CBaseVariantViewBase {
 ///         DECLARE_DYNCREATE(CMyView)
@@ -45,6 +46,8 @@ public:
     /// Shows the lists or the page, as m_nInformation says.
     void SwitchVisibleState();
 
+    void OnInitialUpdate() override;
+
 protected:
     CBaseVariantViewBase() = default;
 
@@ -72,6 +75,7 @@ protected:
 
 private:
     void CreateControls();
+    void FillLists();
     void OpenPage();
     CListBox& GetFocusedList();
     void DrawSeparators(CDC& dc, const CRect& client) const;

@@ -48,7 +48,8 @@ void CProgressDialog::Step() {
 }
 
 void CProgressDialog::SetPercent(double dFraction) {
-    m_dDone = std::isnan(dFraction) ? 0 : std::clamp(dFraction, 0.0, 1.0);
+    const bool bKnown = m_nSteps > 0 && !std::isnan(dFraction);
+    m_dDone = bKnown ? std::clamp(dFraction, 0.0, 1.0) : 0;
     m_nPosition = static_cast<int>(m_nSteps * m_dDone);
     m_bMoved = true;
 }

@@ -255,6 +255,11 @@ TEST_F(StructureView, OpensAPageAndComesBackToTheSameList) {
     EXPECT_EQ(CWnd::GetFocus(), &View().m_btnBack);
     View().OnEnter();
     EXPECT_TRUE(ShowsLists());
+    DoubleClick(View().m_listInput, 0);
+    m_program.Document().m_inputItems.SelectItem(701, FALSE);
+    View().OnInitialUpdate(); // as with another document
+    EXPECT_TRUE(ShowsLists());
+    EXPECT_EQ(Lines(View().m_listInput)[0], "Date|-1");
 }
 
 TEST_F(StructureView, TabGoesToTheLineBeside) {
