@@ -66,7 +66,7 @@ public:
     /// Nonzero when the user does not want the result any more.
     int IsCalculationAborted();
 
-    // The bar, which appears with the first of these calls. They wait for nothing.
+    // The bar of the dialog, from Calculate or Prepare. Nobody is waited for.
 
     void BeginProgressBar(int nSteps);
     void StepProgressBar();

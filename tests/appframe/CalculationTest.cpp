@@ -323,9 +323,12 @@ TEST_F(CalculationTest, HurriedUsersLeaveNothingBehind) {
         }
         ASSERT_TRUE(WaitFor([] { return CHurriedUser::Abort(); }));
         const auto aborted = std::chrono::steady_clock::now();
+        m_wnd.m_fnOnEnd = [&] {
+            waits.push_back(
+                std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - aborted)
+                    .count());
+        };
         AwaitEnd(nEnds + 1);
-        waits.push_back(
-            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - aborted).count());
         EXPECT_EQ(m_wnd.m_ends.back(), Done(-1));
     };
     play(false);
