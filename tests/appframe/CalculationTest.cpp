@@ -329,6 +329,7 @@ TEST_F(CalculationTest, HurriedUsersLeaveNothingBehind) {
                     .count());
         };
         AwaitEnd(nEnds + 1);
+        m_wnd.m_fnOnEnd = nullptr;
         EXPECT_EQ(m_wnd.m_ends.back(), Done(-1));
     };
     play(false);

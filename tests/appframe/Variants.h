@@ -13,6 +13,7 @@
 #include "tessara/platform/ui/resources/MenuResources.h"
 #include "tessara/platform/ui/threads/Loop.h"
 #include "tessara/platform/ui/windows/System.h"
+#include "tests/cli/Folder.h"
 #include "tests/document/Hands.h"
 
 namespace tessara {
@@ -84,9 +85,7 @@ public:
         static const bool s_bAdded = (AddMenuResources(MENUS), AddStringResources(STRINGS), true);
         static_cast<void>(s_bAdded);
         RequireWindows(); // a test begins to wait before there is a window
-        const std::string strSettings = ::testing::TempDir() + "appframe";
-        std::filesystem::remove_all(strSettings);
-        setenv("XDG_CONFIG_HOME", strSettings.c_str(), 1);
+        setenv("XDG_CONFIG_HOME", m_settings.Path("config").c_str(), 1);
         m_app.SetRegistryKey("Tests");
         m_app.AddDocTemplate(new CSingleDocTemplate(IDR_FRAME, RUNTIME_CLASS(CItemsDocument),
                                                     RUNTIME_CLASS(CFrameWnd), pViewClass));
@@ -117,6 +116,7 @@ public:
     VIEW& View() { return static_cast<VIEW&>(*Frame().GetActiveView()); }
     CItemsDocument& Document() { return static_cast<CItemsDocument&>(*Frame().GetActiveDocument()); }
 
+    const CFolder m_settings;
     CWinApp m_app{"Flory"};
     std::string m_strArchive; ///< with a slash at its end
 };
