@@ -52,9 +52,9 @@ struct CMonomersModel {
 ///
 /// What is read here where a profile file does not say: names of sections and keys are the same whatever
 /// their case; blanks round a name or a value belong to neither. After writing, a key that was there has its
-/// new value at its old place, a new key stands at the end of its section, a new section at the end of the
-/// file, and every other line is there as it was and where it was. Blank lines and ends of lines are nobody's
-/// concern.
+/// new value at its old place, a new key stands after its section's last (what is said below that is about
+/// the next section), a new section at the end of the file, and every other line is there as it was and where
+/// it was. Blank lines and ends of lines are nobody's concern.
 struct CProfileModel {
     std::vector<std::string> lines; ///< trimmed, without empty ones
 
@@ -87,7 +87,11 @@ struct CProfileModel {
         if (n < nEnd) {
             lines[n] = KeyOf(lines[n]) + "=" + strValue;
         } else {
-            lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(nEnd), strKey + "=" + strValue);
+            std::size_t nNew = nEnd;
+            while (nNew > nFirst && KeyOf(lines[nNew - 1]).empty()) {
+                --nNew;
+            }
+            lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(nNew), strKey + "=" + strValue);
         }
     }
 

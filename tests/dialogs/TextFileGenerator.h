@@ -104,15 +104,23 @@ private:
     /// A value in one of the forms in which it is exactly this value.
     std::string Spelled(double dValue) {
         char szText[64];
-        static constexpr const char* s_formats[] = {"%.17g", "%.17g", "%.17e", "%.17E", "%+.17g", "%a"};
-        std::string str;
-        if (OneIn(3)) {
-            std::snprintf(szText, sizeof szText, Pick(s_formats), dValue);
-            str = szText;
-        } else {
-            str.assign(szText, std::to_chars(szText, szText + sizeof szText, dValue).ptr);
+        char* const pEnd = szText + sizeof szText;
+        using enum std::chars_format;
+        switch (Below(12)) {
+        case 0:
+            return {szText, std::to_chars(szText, pEnd, dValue, scientific, 17).ptr};
+        case 1:
+            return {szText, std::to_chars(szText, pEnd, dValue, general, 17).ptr};
+        case 2:
+            std::snprintf(szText, sizeof szText, "%+.17E", dValue);
+            return szText;
+        case 3:
+            std::snprintf(szText, sizeof szText, "%a", dValue);
+            return szText;
+        default:
+            std::string str(szText, std::to_chars(szText, pEnd, dValue).ptr);
+            return str.starts_with("0.") && OneIn(9) ? str.substr(1) : str;
         }
-        return str.starts_with("0.") && OneIn(9) ? str.substr(1) : str;
     }
 
     static std::string Join(const CGrid& grid, char cDelimiter) {

@@ -14,14 +14,14 @@ namespace tessara::models {
 /// What importing a text file means, written down a second time and as plainly as can be.
 ///
 /// What a user of the dialog could see either way, and how it is read here:
-/// - A line ends with LF or CR LF; a CR elsewhere is a character like any other. A UTF-8 byte order mark in
-///   front of the first line belongs to no line. The last line may lack its end; nothing after an end is no
-///   line.
+/// - A line ends with LF or CR LF, in a file without any LF with CR; a CR elsewhere is a character like any
+///   other. The last line may lack its end or the LF of it; nothing after an end is no line. A UTF-8 byte
+///   order mark in front of the first line belongs to no line.
 /// - Besides trailing spaces and then trailing tabs, any mixture of the two and nothing else is an empty
 /// line.
-/// - A number is what IsDouble takes, all of the field, in any column that is imported; so "1 " is none. A
-///   zero byte belongs to no number.
-/// - An empty field, wherever it stands, is a missing value like those of a short line: 0.
+/// - A number is what IsDouble takes, in any column that is imported; but in front of a delimiter blanks may
+///   follow it. A zero byte belongs to no number.
+/// - An empty field is a number only where a line ends, as one of a line that is too short: then it is 0.
 /// - Fields beyond the columns are never looked at.
 struct CTextImportModel {
     char cDelimiter = '\t';
@@ -37,24 +37,28 @@ struct CTextImportModel {
         CColumns columns;
     };
 
-    static std::vector<std::string> Lines(const std::string& strBytes) {
+    static std::vector<std::string> Lines(std::string strBytes) {
+        if (strBytes.find('\n') == std::string::npos) {
+            std::replace(strBytes.begin(), strBytes.end(), '\r', '\n');
+        }
         std::vector<std::string> lines;
         std::string strLine;
-        bool bOpen = false;
-        for (std::size_t i = strBytes.starts_with("\xEF\xBB\xBF") ? 3 : 0; i < strBytes.size(); ++i) {
-            bOpen = strBytes[i] != '\n';
-            if (bOpen) {
-                strLine += strBytes[i];
-                continue;
-            }
+        const auto add = [&] {
             if (strLine.ends_with('\r')) {
                 strLine.pop_back();
             }
             lines.push_back(strLine);
             strLine.clear();
+        };
+        for (std::size_t i = strBytes.starts_with("\xEF\xBB\xBF") ? 3 : 0; i < strBytes.size(); ++i) {
+            if (strBytes[i] == '\n') {
+                add();
+            } else {
+                strLine += strBytes[i];
+            }
         }
-        if (bOpen) {
-            lines.push_back(strLine);
+        if (!strLine.empty()) {
+            add();
         }
         return lines;
     }
@@ -113,8 +117,10 @@ struct CTextImportModel {
             const std::vector<std::string> fields = Fields(strLine, cDelimiter);
             for (std::size_t k = 0; k < result.columns.size(); ++k) {
                 double dValue = 0;
-                if (k < fields.size() && !fields[k].empty() && !ToNumber(fields[k], dValue)) {
-                    bNumeric = false;
+                if (k + 1 < fields.size()) {
+                    bNumeric &= ToNumber(WithoutBlanks(fields[k]), dValue);
+                } else if (k + 1 == fields.size() && !fields[k].empty()) {
+                    bNumeric &= ToNumber(fields[k], dValue);
                 }
                 result.columns[k].push_back(dValue);
             }
@@ -150,6 +156,10 @@ struct CTextImportModel {
     }
 
 private:
+    static std::string WithoutBlanks(std::string strField) {
+        strField.erase(strField.find_last_not_of(" \t") + 1);
+        return strField;
+    }
     static void Strip(std::string& strLine, char c) {
         while (!strLine.empty() && strLine.back() == c) {
             strLine.pop_back();
