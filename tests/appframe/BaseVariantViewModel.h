@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <vector>
@@ -101,7 +102,9 @@ struct CViewModel {
     }
 
 private:
-    static CArea Placed(int x, int y, int nWidth, int nHeight) { return {x, y, x + nWidth, y + nHeight}; }
+    static CArea Placed(int x, int y, int nWidth, int nHeight) {
+        return {x, y, x + std::max(0, nWidth), y + std::max(0, nHeight)};
+    }
 };
 
 } // namespace tessara::models
