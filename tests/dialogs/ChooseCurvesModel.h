@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <cstdint>
+#include <iterator>
 #include <random>
 #include <string>
 #include <vector>
@@ -92,13 +93,13 @@ public:
 
     explicit CChooseCurvesClicks(unsigned nSeed) : m_random(nSeed) {}
 
-    /// Few names, of few letters: equal ones, and some that differ in case alone.
+    /// Few names: some come twice, some differ in case alone.
     CChooseCurvesModel Start() {
         CChooseCurvesModel model;
         for (int i = Below(9); i > 0; --i) {
             model.sortedNames.push_back(Name());
         }
-        model.nMaxDisplayed = Below(5);
+        model.nMaxDisplayed = Below(6);
         model.strDisplayedLabel = Below(2) ? "list of curves" : "";
         for (int i = Below(3) ? 0 : Below(4); i > 0; --i) {
             model.displayedNames.push_back(Name());
@@ -110,26 +111,10 @@ public:
     }
 
     std::vector<CStep> Steps() {
-        using enum EClick;
-        static constexpr EClick s_clicks[] = {SelectComputed,
-                                              SelectComputed,
-                                              SelectComputed,
-                                              SelectDisplayed,
-                                              SelectDisplayed,
-                                              Add,
-                                              Add,
-                                              Add,
-                                              Remove,
-                                              Remove,
-                                              Clear,
-                                              AddTwice,
-                                              AddTwice,
-                                              AddTwice,
-                                              RemoveTwice,
-                                              Ok};
+        std::discrete_distribution<int> clicks({3, 2, 3, 2, 1, 3, 1, 1}); // each click's weight
         std::vector<CStep> steps;
         for (int i = 1 + Below(20); i > 0; --i) {
-            steps.push_back({s_clicks[Below(std::size(s_clicks))], Below(1000)});
+            steps.push_back({static_cast<EClick>(clicks(m_random)), Below(1000)});
         }
         return steps;
     }
@@ -137,12 +122,8 @@ public:
 private:
     int Below(std::size_t n) { return static_cast<int>(m_random() % n); }
     std::string Name() {
-        static constexpr char s_letters[] = "aAbB1 ~";
-        std::string strName;
-        for (int i = 1 + Below(2); i > 0; --i) {
-            strName += s_letters[Below(7)];
-        }
-        return "c" + strName;
+        static constexpr const char* s_names[] = {"ca", "cA", "Ca", "cb", "caa", "caA", "1", "c ~"};
+        return s_names[Below(std::size(s_names))];
     }
 
     std::mt19937 m_random;

@@ -76,11 +76,11 @@ private:
     }
 
     /// Equal steps of a power of two, to and fro or one way: with 101 points each is one hundredth of the
-    /// range, and not a bit more or less. Or no steps at all. The greatest value is 5 where that is to be.
-    /// Then, often, one value is moved by as little as there is, or onto a bound.
+    /// range, and not a bit more or less. Or no steps at all. The greatest value is 5, or the least 0,
+    /// where that is to be. Then, often, one value is moved by as little as there is, or onto a bound.
     std::vector<double> Ordinates(int nRows) {
         const double dStep = OneIn(3) ? 0 : std::ldexp(1, -6 - Below(3));
-        const double dGreatest = OneIn(2) ? 5.0 : 0.25 + 100 * dStep;
+        const double dGreatest = OneIn(2) ? 5.0 : (OneIn(2) ? 0.25 : 0) + 100 * dStep;
         const bool bFalling = OneIn(3);
         std::vector<double> y;
         for (int i = 0; i < nRows; ++i) {
@@ -210,7 +210,10 @@ private:
             grid.insert(grid.end(), 1 + static_cast<std::size_t>(Below(3)), {OneIn(2) ? "" : Blanks()});
             break;
         case 4:
-            row->push_back(Blanks());
+            if (row->empty() || OneIn(2)) {
+                row->emplace_back();
+            }
+            row->back() += Blanks();
             break;
         default:
             row->resize(std::max(row->size(), static_cast<std::size_t>(nField) + 1));
