@@ -120,7 +120,7 @@ protected:
 };
 
 TEST_F(TextImportModel, SaysTheSameOfRandomFiles) {
-    const int nFiles = TrialCount("TESSARA_TEXT_FILES", 100);
+    const int nFiles = TrialCount("TESSARA_TEXT_FILES", 120);
     for (int i = 0; i < nFiles && !HasFailure(); ++i) {
         const CTextFileGenerator::CFile file = CTextFileGenerator(static_cast<unsigned>(i)).Next();
         SCOPED_TRACE(testing::Message() << "file " << i << ", " << file.nColumns << " columns, delimiter "
