@@ -21,8 +21,7 @@ struct CMonomersModel {
     bool bSortByName = false;
     std::vector<CMonomer> table;
 
-    /// The exchange sort as it is written down; of equal keys it makes an order of its own, which no other
-    /// sort makes.
+    /// The exchange sort as it is written down; it has an order of its own for equal keys.
     void Sort() {
         const auto greater = [this](const CMonomer& a, const CMonomer& b) {
             return bSortByName ? a.strFullName > b.strFullName : a.strShortName > b.strShortName;

@@ -134,63 +134,23 @@ private:
         return strBytes;
     }
 
+    std::string Word() {
+        using namespace std::string_literals;
+        static const std::string s_words =
+            "||abc|1.5abc|1,5|1.5 | 1.5|\t1.5|1.5\t|--1|+-1|nan|inf|-inf|infinity|1e999|1e-999|0x1p3|0x|"
+            "1e|1e+|.|-|+|5.|.5|-0|5|05|1 2|1\r|\r|\v1.5|\"1.5\"|1.5\0|\0|1\0002|\xB1|1\xC2\xA0|x/y|#|"
+            "1.5\x1A|1e2147483648|0.00000000000000000000000000000001e32|NaN(1)|"
+            "INFINITY|1d3|1_000|1'000|\xC3\xA9|0b1|1f"s;
+        static const int s_nWords = static_cast<int>(std::count(s_words.begin(), s_words.end(), '|')) + 1;
+        std::size_t nFirst = 0;
+        for (int i = Below(s_nWords); i > 0; --i) {
+            nFirst = s_words.find('|', nFirst) + 1;
+        }
+        return s_words.substr(nFirst, s_words.find('|', nFirst) - nFirst);
+    }
+
     /// Something that is not a plain number in a field, a field too few or too many, an empty line.
     void HarmGrid(CGrid& grid) {
-        using namespace std::string_literals;
-        static const std::string s_words[] = {
-            "",
-            "",
-            "abc",
-            "1.5abc",
-            "1,5",
-            "1.5 ",
-            " 1.5",
-            "\t1.5",
-            "1.5\t",
-            "--1",
-            "+-1",
-            "nan",
-            "inf",
-            "-inf",
-            "infinity",
-            "1e999",
-            "1e-999",
-            "0x1p3",
-            "0x",
-            "1e",
-            "1e+",
-            ".",
-            "-",
-            "+",
-            "5.",
-            ".5",
-            "-0",
-            "5",
-            "05",
-            "1 2",
-            "1\r",
-            "\r",
-            "\v1.5",
-            "\"1.5\"",
-            "1.5\0"s,
-            "\0"s,
-            "1\0002"s,
-            "\xB1",
-            "1\xC2\xA0",
-            "x/y",
-            "#",
-            "1.5\x1A",
-            "1e2147483648",
-            "0.00000000000000000000000000000001e32",
-            "NaN(1)",
-            "INFINITY",
-            "1d3",
-            "1_000",
-            "1'000",
-            "\xC3\xA9",
-            "0b1",
-            "1f",
-        };
         if (grid.empty()) {
             grid.emplace_back();
         }
@@ -201,7 +161,7 @@ private:
             row->resize(static_cast<std::size_t>(nField));
             break;
         case 1:
-            row->insert(row->begin() + nField, Pick(s_words));
+            row->insert(row->begin() + nField, Word());
             break;
         case 2:
             grid.insert(row, {OneIn(2) ? "" : Blanks()});
@@ -217,7 +177,7 @@ private:
             break;
         default:
             row->resize(std::max(row->size(), static_cast<std::size_t>(nField) + 1));
-            (*row)[static_cast<std::size_t>(nField)] = Pick(s_words);
+            (*row)[static_cast<std::size_t>(nField)] = Word();
         }
     }
 
