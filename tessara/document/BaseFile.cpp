@@ -86,7 +86,10 @@ void CBaseFile::OpenForReading(const char* lpszPathName) {
         throw Failure(nError);
     }
     struct stat status;
-    if (fstat(nFile, &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (fstat(nFile, &status) != 0) {
+        throw Failure(errno);
+    }
+    if (!S_ISREG(status.st_mode)) {
         Throw(CFileException::accessDenied);
     }
     m_pStamp = ShareStamp(CFileStamp::Of(nFile));
