@@ -3,6 +3,8 @@
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
+#include <random>
 #include <tuple>
 #include <utility>
 
@@ -64,15 +66,31 @@ TEST(Number, AValueFallsBackToTwoDecimals) {
 TEST(Number, ANumberIsAllOfItsText) {
     using CCase = std::tuple<const char*, int, int>; // a text, whether it is a number, whether one from 0 on
     const CCase cases[] = {
-        {"0", 1, 1},  {"  1.5", 1, 1}, {"1e3", 1, 1}, {".5", 1, 1},    {"-0", 1, 1},
-        {"-1", 1, 0}, {"-1e-9", 1, 0}, {"inf", 1, 1}, {"nan", 1, 0},   {"1e999", 1, 1},
-        {"", 0, 0},   {" ", 0, 0},     {"1 ", 0, 0},  {"1,5", 0, 0},   {"1.5x", 0, 0},
-        {"e5", 0, 0}, {"-", 0, 0},     {"--1", 0, 0}, {nullptr, 0, 0},
+        {"0", 1, 1},     {"  1.5", 1, 1}, {"1e3", 1, 1},  {".5", 1, 1},      {"-0", 1, 1}, {"-1", 1, 0},
+        {"-1e-9", 1, 0}, {"inf", 1, 1},   {"nan", 1, 0},  {"1e999", 1, 1},   {"", 0, 0},   {" ", 0, 0},
+        {"1 ", 0, 0},    {"1,5", 0, 0},   {"1.5x", 0, 0}, {"e5", 0, 0},      {"-", 0, 0},  {"--1", 0, 0},
+        {"+2", 1, 1},    {"0x1F", 1, 1},  {"\v3", 1, 1},  {"-1e-999", 1, 1}, {"1e", 0, 0}, {nullptr, 0, 0},
     };
     for (const auto& [pszText, nAny, nNotNegative] : cases) {
         EXPECT_EQ(IsDouble(pszText, 1), nAny) << (pszText ? pszText : "null");
         EXPECT_EQ(IsDouble(pszText, 0), nNotNegative) << (pszText ? pszText : "null");
         EXPECT_EQ(tessara::RaisedIn([&] { IsDouble(pszText, 0); }), "") << "for a program that traps";
+        const std::string strText = pszText ? pszText : "";
+        const auto part = ParseNumber(std::string_view(strText + "5").substr(0, strText.size()));
+        EXPECT_EQ(part.has_value(), nAny != 0) << strText;
+        EXPECT_TRUE(!part || std::isnan(*part) || part == ParseNumber(pszText)) << strText;
+    }
+    EXPECT_EQ(ParseNumber(std::string_view("1\0", 2)), std::nullopt);
+    std::mt19937 random(1);
+    for (int i = 0; i < 100000; ++i) { // to the last bit, short and long
+        std::string strText = random() % 2 ? "-" : "";
+        for (auto n = random() % 20; n > 0; --n) {
+            strText += "0123456789."[random() % (n % 4 ? 10 : 11)];
+        }
+        const auto whole = ParseNumber(strText.c_str());
+        const auto part = ParseNumber(std::string_view(strText));
+        ASSERT_EQ(part.has_value(), whole.has_value()) << strText;
+        ASSERT_TRUE(!part || std::memcmp(&*part, &*whole, sizeof *part) == 0) << strText;
     }
 }
 

@@ -5,18 +5,22 @@
 #include <QHeaderView>
 #include <QTableView>
 #include <filesystem>
+#include <random>
 
 #include "tessara/dialogs/AddAbbreviationDialog.h"
 #include "tessara/dialogs/MonomerFile.h"
+#include "tessara/platform/files/settings/ProfileText.h"
 #include "tessara/platform/ui/frames/ProgramFolder.h"
 #include "tests/cli/Folder.h"
 #include "tests/document/Hands.h"
+#include "tests/files/SettingsFolder.h"
 
 namespace tessara {
 
 namespace {
 
 using ::testing::ElementsAre;
+using namespace std::string_literals;
 
 constexpr UINT ABBREVIATIONS = CMonomerAbbreviationsDialog::TEMPLATE;
 constexpr UINT ADD_ABBREVIATION = CAddAbbreviationDialog::TEMPLATE;
@@ -119,6 +123,54 @@ TEST_F(MonomerFile, IsTheUsersOwnWhereTheProgramsCannotBeWritten) {
     EXPECT_EQ(Text(entries), "S=;B=Butadiene;");
 }
 
+/// TESSARA_INI_FILES makes it long.
+TEST_F(MonomerFile, TakesATableAmongAnything) {
+    static const std::string s_pieces[] = {"[List]\n",
+                                           "[list ] x\r\n",
+                                           "[List\n",
+                                           "[Other]\nFullName0=o\n",
+                                           "NumberOfMonomers=",
+                                           "SortByName=1\n",
+                                           "ShortName0=\"a\"\r\n",
+                                           "FULLNAME1 = b\n",
+                                           "; c\n",
+                                           "=\n",
+                                           "99999999999\n",
+                                           "\n",
+                                           "-3",
+                                           "\xEF\xBB\xBF",
+                                           "\xE4",
+                                           "'",
+                                           "\0"s,
+                                           "]"};
+    const unsigned nFiles = RoundsFrom("TESSARA_INI_FILES", 60);
+    std::mt19937 random(7);
+    for (unsigned nFile = 0; nFile < nFiles; ++nFile) {
+        std::string strBytes;
+        for (auto n = random() % 20; n > 0; --n) {
+            strBytes += s_pieces[random() % std::size(s_pieces)];
+        }
+        m_folder.Write(m_strName, strBytes);
+        Read();
+        CArray<CMonomerAbbreviation> entries;
+        for (auto n = random() % 4; n > 0; --n) {
+            entries.Add({nFile % 2 ? "'a'" : " a", "\xE4 "});
+        }
+        const bool bSortByName = random() % 2;
+        File().Write(bSortByName, entries);
+        ASSERT_EQ(Read(), (bSortByName ? "by name: " : "") + Text(entries)) << strBytes;
+        // As if the values had been written one by one.
+        CProfileText text(strBytes);
+        text.SetAll("List", {{"SortByName", bSortByName ? "1" : "0"}});
+        text.SetAll("List", {{"NumberOfMonomers", std::to_string(entries.GetSize())}});
+        for (int i = 0; i < entries.GetSize(); ++i) {
+            text.SetAll("List", {{"ShortName" + std::to_string(i), std::string(entries[i].m_strShortName)}});
+            text.SetAll("List", {{"FullName" + std::to_string(i), std::string(entries[i].m_strFullName)}});
+        }
+        ASSERT_EQ(m_folder.Read(m_strName), strBytes);
+    }
+}
+
 class Abbreviations : public ::testing::Test {
 protected:
     void SetUp() override { Remove(); }
@@ -186,6 +238,14 @@ TEST_F(Abbreviations, AreAddedEditedSortedDeletedAndSaved) {
                       EXPECT_EQ(TextOf(ControlOf(ADD_ABBREVIATION, SHORT_NAME)), "AN");
                   })
             .Type(ADD_ABBREVIATION, SHORT_NAME, "an")
+            .Press(ADD_ABBREVIATION, IDOK)
+            .Look(ABBREVIATIONS,
+                  [] {
+                      auto& view = CHands::ListOf(ABBREVIATIONS, TABLE);
+                      const QPoint at = view.visualRect(view.model()->index(0, 0)).center();
+                      QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, at);
+                      QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, at);
+                  })
             .Press(ADD_ABBREVIATION, IDOK)
             .Look(ABBREVIATIONS,
                   [] {

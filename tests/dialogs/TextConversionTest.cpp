@@ -2,14 +2,20 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <clocale>
 #include <cmath>
+#include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "tessara/dialogs/CurveAcceptance.h"
 #include "tessara/dialogs/TextLines.h"
+#include "tessara/platform/files/StdioFile.h"
 #include "tests/cli/Folder.h"
+#include "tests/files/SettingsFolder.h"
 
 namespace tessara {
 
@@ -31,6 +37,7 @@ class TextLines : public ::testing::Test {
 protected:
     std::vector<std::string> Read(const std::string& strBytes) {
         CStringArray lines;
+        unlink(m_folder.Path("file").c_str()); // some systems wait for the disk where a file is emptied
         EXPECT_EQ(ReadLines(m_folder.Write("file", strBytes).c_str(), lines), ELinesRead::read);
         return ToVector(lines);
     }
@@ -65,6 +72,29 @@ TEST_F(TextLines, EndInManyWays) {
     };
     for (const auto& [strBytes, lines] : cases) {
         EXPECT_EQ(Read(strBytes), lines) << strBytes.substr(0, 20);
+    }
+}
+
+/// The reader of the platform gives the same lines where both know the line ends.
+TEST_F(TextLines, AreThoseOfTheStreamOfLines) {
+    const unsigned nFiles = RoundsFrom("TESSARA_IMPORT_FILES", 500);
+    std::mt19937 random(6);
+    const std::string strLetters = "\n\n\r1\t\xEF\xBB\xBF\xFF\xFE\0"s;
+    for (unsigned nFile = 0; nFile < nFiles; ++nFile) {
+        std::string strBytes(random() % 12, ' ');
+        std::generate(strBytes.begin(), strBytes.end(),
+                      [&] { return strLetters[random() % strLetters.size()]; });
+        const std::vector<std::string> lines = Read(strBytes);
+        const bool bUtf16 = strBytes.starts_with("\xFF\xFE") || strBytes.starts_with("\xFE\xFF");
+        if (bUtf16 || strBytes.find('\n') == std::string::npos || strBytes.ends_with('\r')) {
+            continue;
+        }
+        CStdioFile file(m_folder.Path("file").c_str(), CFile::modeRead);
+        std::vector<std::string> wanted;
+        for (CString strLine; file.ReadString(strLine);) {
+            wanted.emplace_back(strLine.View());
+        }
+        ASSERT_EQ(lines, wanted) << ::testing::PrintToString(strBytes);
     }
 }
 
@@ -149,6 +179,109 @@ TEST(TextConversion, MakesPointsOfLines) {
     }
     std::setlocale(LC_ALL, "C");
     EXPECT_TRUE(std::isnan(Convert({"nan;1"}, ';', 2).x[0]));
+}
+
+/// A line's fields as a user would cut them, and what is to become of each.
+struct PLAINLINE {
+    std::vector<double> values;
+    bool bNumeric = true;
+};
+
+std::optional<PLAINLINE> PlainLine(std::string strLine, char cDelimiter, std::size_t nColumns) {
+    if (std::all_of(strLine.begin(), strLine.end(), [](char ch) { return ch == ' ' || ch == '\t'; })) {
+        return std::nullopt;
+    }
+    for (const char ch : {' ', '\t'}) {
+        while (strLine.ends_with(ch)) {
+            strLine.pop_back();
+        }
+    }
+    std::vector<std::string> fields(1);
+    for (const char ch : strLine) {
+        if (ch == cDelimiter) {
+            fields.emplace_back();
+        } else {
+            fields.back() += ch;
+        }
+    }
+    if (fields.back().empty()) {
+        fields.pop_back();
+    }
+    const bool bOpen = !strLine.ends_with(cDelimiter);
+    PLAINLINE line{std::vector<double>(nColumns), true};
+    for (std::size_t i = 0; i < std::min(fields.size(), nColumns); ++i) {
+        std::string& strField = fields[i];
+        while (!(bOpen && i + 1 == fields.size()) && (strField.ends_with(' ') || strField.ends_with('\t'))) {
+            strField.pop_back();
+        }
+        char* pszEnd = nullptr;
+        const double dValue = std::strtod(strField.c_str(), &pszEnd);
+        const bool bNumber = !strField.empty() && pszEnd == strField.c_str() + strField.size();
+        line.values[i] = bNumber ? dValue : 0;
+        line.bNumeric = line.bNumeric && bNumber;
+    }
+    return line;
+}
+
+std::string RandomLine(std::mt19937& random, char cDelimiter) {
+    static const std::string s_fields[] = {"1",
+                                           "-2.5",
+                                           "+7",
+                                           ".5",
+                                           "1e5",
+                                           "1e-999",
+                                           "0x1F",
+                                           "inf",
+                                           "  3",
+                                           "4 ",
+                                           "5\t",
+                                           "",
+                                           " ",
+                                           "x",
+                                           "1.5abc",
+                                           "1,5",
+                                           "\t",
+                                           "1e",
+                                           "2\0"s,
+                                           "--1",
+                                           "-0",
+                                           "1e999",
+                                           "3.1415926535897931"};
+    std::string strLine;
+    const bool bClean = random() % 2;
+    for (auto n = random() % 6; n > 0; --n) {
+        strLine += s_fields[random() % (bClean ? 9 : std::size(s_fields))];
+        strLine += std::string(n > 1 || random() % 3 == 0 ? 1 : 0, random() % 8 ? cDelimiter : ' ');
+    }
+    return strLine;
+}
+
+/// TESSARA_IMPORT_FILES makes it long.
+TEST(TextConversion, IsWhatAPlainReaderMakesOfRandomFiles) {
+    const unsigned nFiles = RoundsFrom("TESSARA_IMPORT_FILES", 20000);
+    std::mt19937 random(5);
+    for (unsigned nFile = 0; nFile < nFiles; ++nFile) {
+        const char cDelimiter = "\t;, "[random() % 4];
+        const std::size_t nColumns = 1 + random() % 4;
+        std::vector<std::string> lines;
+        CONVERTED wanted{{}, {}, std::vector<std::vector<double>>(nColumns - 1)};
+        for (auto n = random() % 4; n > 0; --n) {
+            lines.push_back(RandomLine(random, cDelimiter));
+            const auto line = PlainLine(lines.back(), cDelimiter, nColumns);
+            if (!line) {
+                continue;
+            }
+            wanted.x.push_back(line->values[0]);
+            for (std::size_t i = 1; i < nColumns; ++i) {
+                wanted.columns[i - 1].push_back(line->values[i]);
+            }
+            if (!line->bNumeric && !wanted.fault) {
+                wanted.fault = static_cast<int>(lines.size()) - 1;
+            }
+        }
+        ASSERT_EQ(Convert(lines, cDelimiter, static_cast<int>(nColumns)), wanted)
+            << ::testing::PrintToString(lines) << " at '" << cDelimiter << "', " << nColumns;
+    }
 }
 
 TEST(CurveAcceptance, LooksAtNumberRangeAndSteps) {
